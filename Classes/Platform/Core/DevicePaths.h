@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pomwick {
+
+// Absolute paths of the device ("/var/mobile/...", "/Library/...", "/tmp/") live under one device
+// root: a folder laid out like the device's file system. hostPath() is the only place that turns
+// a device path into a path on this machine.
+namespace DevicePath {
+inline constexpr std::string_view preferencesFile =
+    "/var/mobile/Library/Preferences/com.velquor.pomwickpreferences.plist";
+inline constexpr std::string_view bundleDirectory =
+    "/Library/PreferenceBundles/PomwickPreferences.bundle/";
+inline constexpr std::string_view tmpDirectory = "/tmp/";
+} // namespace DevicePath
+
+class DeviceRoot {
+public:
+    // The root in force for this process; the per-user default until set() is called.
+    static const std::filesystem::path& current();
+    static void set(const std::filesystem::path& root);
+
+    // $XDG_STATE_HOME/pomwick/device, or ~/.local/state/pomwick/device: needs no root rights.
+    static std::filesystem::path defaultRoot();
+
+    // The root a program runs on: its --root option, else $POMWICK_ROOT, else defaultRoot().
+    static std::filesystem::path choose(const std::optional<std::string>& rootOption);
+};
+
+// The host path of a device path under the current root. A relative device path is taken from
+// the device's "/".
+std::filesystem::path hostPath(std::string_view devicePath);
+
+} // namespace pomwick

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Colour.h"
+#include "Font.h"
+#include "SettingsKeys.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pomwick {
+
+// The badge's top-left corner relative to the icon's, in fractions of the icon's width and
+// height; not clamped to 0..1.
+struct BadgeLocation {
+    float x = 0;
+    float y = 0;
+    friend bool operator==(const BadgeLocation&, const BadgeLocation&) = default;
+};
+
+// The settings file is the only state: every getter reads and parses it afresh, and gives its
+// key's default when the file, the key or a usable value is missing.
+bool getEnabled();
+bool getBadgeVisible();
+std::string getBadgeTextFieldText();
+// Nothing when a stored font name has no face; "Verdana" at the stored size when nothing is stored.
+std::optional<Font> getBadgeFont();
+int32_t getBadgeFontSize();
+Colour getBadgeFontColor();
+Colour getBadgeBackgroundColor();
+Colour getBadgeBorderColor();
+float getBadgeBorderWidth();
+float getBadgeAlpha();
+BadgeLocation getBadgeLocation();
+
+// Stores the text under the key, keeping every other key; a failed write is ignored.
+void setPreferencesObjectKey(std::string_view value, std::string_view key);
+
+// The same write, for callers that must tell the user why it failed: the reason, or nothing.
+std::optional<std::string> trySetPreferencesObjectKey(std::string_view value,
+                                                      std::string_view key);
+
+// Removes the settings file, bringing every setting back to its default.
+void removePreferencesFile();
+
+} // namespace pomwick
