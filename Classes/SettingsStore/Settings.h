@@ -38,10 +38,14 @@ BadgeLocation getBadgeLocation();
 void setPreferencesObjectKey(std::string_view value, std::string_view key);
 
 // The same write, for callers that must tell the user why it failed: the reason, or nothing.
-std::optional<std::string> trySetPreferencesObjectKey(std::string_view value,
-                                                      std::string_view key);
+std::optional<std::string> trySetPreferencesObjectKey(std::string_view value, std::string_view key);
 
-// Removes the settings file, bringing every setting back to its default.
+// Removes one key, keeping the others; the reason on failure, nothing when it worked.
+std::optional<std::string> tryRemovePreferencesObjectKey(std::string_view key);
+
+// Removes the settings file, bringing every setting back to its default; a failure is ignored.
 void removePreferencesFile();
+// The same, with the reason when a file that exists could not be removed.
+std::optional<std::string> tryRemovePreferencesFile();
 
 } // namespace pomwick

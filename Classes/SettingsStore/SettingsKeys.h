@@ -19,8 +19,8 @@ inline constexpr std::string_view badgeLocation = "BADGE_LOCATION";
 
 // Every key, in the order in which the settings are listed to the user.
 inline constexpr std::array<std::string_view, 11> all = {
-    enabled,        badgeVisible,         badgeTextFieldText, badgeFont,
-    badgeFontSize,  badgeFontColor,       badgeBackgroundColor, badgeBorderColor,
-    badgeBorderWidth, badgeAlpha,         badgeLocation};
+    enabled,          badgeVisible,   badgeTextFieldText,   badgeFont,
+    badgeFontSize,    badgeFontColor, badgeBackgroundColor, badgeBorderColor,
+    badgeBorderWidth, badgeAlpha,     badgeLocation};
 
 } // namespace pomwick::SettingsKey

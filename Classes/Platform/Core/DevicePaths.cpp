@@ -19,7 +19,9 @@ std::optional<std::string> environment(const char* name) {
 
 } // namespace
 
-const std::filesystem::path& DeviceRoot::current() { return currentRoot(); }
+const std::filesystem::path& DeviceRoot::current() {
+    return currentRoot();
+}
 
 void DeviceRoot::set(const std::filesystem::path& root) {
     currentRoot() = std::filesystem::absolute(root).lexically_normal();

@@ -10,7 +10,9 @@ namespace {
 bool isSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
 }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 std::string_view skipSpace(std::string_view text) {
     size_t i = 0;
@@ -108,14 +110,16 @@ double doubleValue(std::string_view text) {
     if (result.ec == std::errc::result_out_of_range) {
         // Out of range: a negative exponent underflows to zero, anything else overflows.
         const size_t exponent = number.find_first_of("eE");
-        const bool underflow = exponent != std::string_view::npos &&
-                               exponent + 1 < number.size() && number[exponent + 1] == '-';
+        const bool underflow = exponent != std::string_view::npos && exponent + 1 < number.size() &&
+                               number[exponent + 1] == '-';
         value = underflow ? 0.0 : HUGE_VAL;
     }
     return negative ? -value : value;
 }
 
-float floatValue(std::string_view text) { return static_cast<float>(doubleValue(text)); }
+float floatValue(std::string_view text) {
+    return static_cast<float>(doubleValue(text));
+}
 
 uint32_t intFromHexString(std::string_view text) {
     size_t i = 0;
@@ -138,12 +142,14 @@ uint32_t intFromHexString(std::string_view text) {
 std::string formatFloat(double value) {
     // std::to_chars is locale-independent, unlike printf's "%f".
     char buffer[512];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value,
-                                      std::chars_format::fixed, 6);
+    const auto result =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 6);
     return std::string(buffer, result.ptr);
 }
 
-std::string formatInt(int32_t value) { return std::to_string(value); }
+std::string formatInt(int32_t value) {
+    return std::to_string(value);
+}
 
 std::vector<std::string_view> componentsSeparatedBy(std::string_view text, char separator) {
     std::vector<std::string_view> parts;

@@ -1,0 +1,171 @@
+#include "PlistDictionary.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <plist/plist.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace pomwick {
+namespace {
+
+plist_t node(void* root) {
+    return static_cast<plist_t>(root);
+}
+
+std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    if (error || size == 0 || size > PlistDictionary::maximumFileSize)
+        return std::nullopt;
+    std::ifstream in(path, std::ios::binary);
+    std::vector<char> bytes(size);
+    if (!in.read(bytes.data(), static_cast<std::streamsize>(size)))
+        return std::nullopt;
+    return bytes;
+}
+
+std::string systemError(const std::string& what, const std::filesystem::path& path) {
+    return what + " " + path.string() + ": " + std::strerror(errno);
+}
+
+bool writeAll(int fd, const char* data, size_t length) {
+    while (length > 0) {
+        const ssize_t written = ::write(fd, data, length);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        data += written;
+        length -= static_cast<size_t>(written);
+    }
+    return true;
+}
+
+} // namespace
+
+PlistDictionary::PlistDictionary() : root_(plist_new_dict()) {}
+PlistDictionary::PlistDictionary(void* root) : root_(root) {}
+
+PlistDictionary::~PlistDictionary() {
+    if (root_ != nullptr)
+        plist_free(node(root_));
+}
+
+PlistDictionary::PlistDictionary(PlistDictionary&& other) noexcept
+    : root_(std::exchange(other.root_, nullptr)) {}
+
+PlistDictionary& PlistDictionary::operator=(PlistDictionary&& other) noexcept {
+    std::swap(root_, other.root_);
+    return *this;
+}
+
+std::optional<PlistDictionary> PlistDictionary::readFromFile(const std::filesystem::path& path) {
+    const auto bytes = readBounded(path);
+    if (!bytes)
+        return std::nullopt;
+    plist_t root = nullptr;
+    // Picks binary or XML by the "bplist00" signature; a parse failure leaves root NULL.
+    plist_from_memory(bytes->data(), static_cast<uint32_t>(bytes->size()), &root);
+    if (root == nullptr)
+        return std::nullopt;
+    if (plist_get_node_type(root) != PLIST_DICT) {
+        plist_free(root);
+        return std::nullopt;
+    }
+    return PlistDictionary(root);
+}
+
+std::optional<StoredValue> PlistDictionary::lookup(std::string_view key) const {
+    const plist_t item = plist_dict_get_item(node(root_), std::string(key).c_str());
+    if (item == nullptr)
+        return std::nullopt;
+    StoredValue value;
+    switch (plist_get_node_type(item)) {
+    case PLIST_STRING: {
+        char* text = nullptr;
+        plist_get_string_val(item, &text);
+        value.kind = StoredValue::Kind::String;
+        value.text = text != nullptr ? text : "";
+        std::free(text);
+        break;
+    }
+    case PLIST_UINT: {
+        // libplist 2.2 keeps every integer as unsigned; negative ones come back two's complement.
+        uint64_t number = 0;
+        plist_get_uint_val(item, &number);
+        value.kind = StoredValue::Kind::Number;
+        value.number = static_cast<double>(static_cast<int64_t>(number));
+        break;
+    }
+    case PLIST_REAL:
+        value.kind = StoredValue::Kind::Number;
+        plist_get_real_val(item, &value.number);
+        break;
+    case PLIST_BOOLEAN: {
+        uint8_t flag = 0;
+        plist_get_bool_val(item, &flag);
+        value.kind = StoredValue::Kind::Number;
+        value.number = flag != 0 ? 1 : 0;
+        break;
+    }
+    default:
+        break;
+    }
+    return value;
+}
+
+void PlistDictionary::setString(std::string_view key, std::string_view value) {
+    plist_dict_set_item(node(root_), std::string(key).c_str(),
+                        plist_new_string(std::string(value).c_str()));
+}
+
+void PlistDictionary::remove(std::string_view key) {
+    if (plist_dict_get_item(node(root_), std::string(key).c_str()) != nullptr)
+        plist_dict_remove_item(node(root_), std::string(key).c_str());
+}
+
+std::optional<std::string>
+PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
+    std::error_code error;
+    std::filesystem::create_directories(path.parent_path(), error);
+    if (error)
+        return "cannot create " + path.parent_path().string() + ": " + error.message();
+
+    char* xml = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(node(root_), &xml, &length);
+    if (xml == nullptr)
+        return std::string("cannot encode the settings as a property list");
+
+    std::string temporary = (path.parent_path() / ("." + path.filename().string() + ".XXXXXX"));
+    const int fd = ::mkstemp(temporary.data());
+    if (fd < 0) {
+        plist_to_xml_free(xml);
+        return systemError("cannot write in", path.parent_path());
+    }
+    bool written = writeAll(fd, xml, length) && ::fchmod(fd, 0644) == 0;
+    std::string reason = written ? "" : systemError("cannot write", temporary);
+    plist_to_xml_free(xml);
+    if (::close(fd) != 0 && written) {
+        written = false;
+        reason = systemError("cannot write", temporary);
+    }
+    if (!written) {
+        ::unlink(temporary.c_str());
+        return reason;
+    }
+    if (::rename(temporary.c_str(), path.c_str()) != 0) {
+        const std::string reason = systemError("cannot replace", path);
+        ::unlink(temporary.c_str());
+        return reason;
+    }
+    return std::nullopt;
+}
+
+} // namespace pomwick

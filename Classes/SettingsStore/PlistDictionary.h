@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pomwick {
+
+// A value of the settings dictionary, as far as the getters can use it: a string, or a number
+// (integers, reals and booleans all answer as numbers, as they do on the device). Anything else
+// (dates, data, arrays, dictionaries) is `Other`.
+struct StoredValue {
+    enum class Kind { String, Number, Other };
+    Kind kind = Kind::Other;
+    std::string text;
+    double number = 0;
+};
+
+// The one wrapper around libplist: a property list whose root is a dictionary, read from XML or
+// binary files and written back as XML, atomically.
+class PlistDictionary {
+public:
+    // Files above this size are refused unread: the settings file is a few hundred bytes.
+    static constexpr std::uintmax_t maximumFileSize = 4 * 1024 * 1024;
+
+    PlistDictionary();
+    ~PlistDictionary();
+    PlistDictionary(PlistDictionary&& other) noexcept;
+    PlistDictionary& operator=(PlistDictionary&& other) noexcept;
+    PlistDictionary(const PlistDictionary&) = delete;
+    PlistDictionary& operator=(const PlistDictionary&) = delete;
+
+    // Nothing when the file is missing, unreadable, too large, not a property list, or its root
+    // is not a dictionary.
+    static std::optional<PlistDictionary> readFromFile(const std::filesystem::path& path);
+
+    std::optional<StoredValue> lookup(std::string_view key) const;
+    void setString(std::string_view key, std::string_view value);
+    void remove(std::string_view key);
+
+    // Writes XML to a unique temporary file beside the target and renames it over the target, so
+    // that a reader sees the old file or the new one, whole. Creates the folder if needed.
+    // Returns the reason on failure, leaving the old file as it was and no temporary behind.
+    std::optional<std::string> writeAtomically(const std::filesystem::path& path) const;
+
+private:
+    explicit PlistDictionary(void* root);
+    void* root_;
+};
+
+} // namespace pomwick
