@@ -10,7 +10,7 @@ packages=(
     libgtest-dev libgmock-dev libbenchmark-dev
     dbus-daemon dbus-bin libglib2.0-bin
     xvfb xauth xdotool x11-utils imagemagick
-    adwaita-icon-theme librsvg2-bin
+    adwaita-icon-theme librsvg2-bin locales-all
 )
 
 missing=()

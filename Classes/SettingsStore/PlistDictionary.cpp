@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
+#include <locale.h>
 #include <plist/plist.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,15 +18,49 @@ plist_t node(void* root) {
     return static_cast<plist_t>(root);
 }
 
+// libplist reads and writes <real> with the C library's number functions, which follow the
+// process locale: a comma-decimal locale would misread 0.5. Pin "C" numbers for this thread
+// while libplist works, whatever the application set.
+class CNumericLocale {
+public:
+    CNumericLocale()
+        : c_(newlocale(LC_NUMERIC_MASK, "C", duplocale(uselocale(nullptr)))),
+          previous_(uselocale(c_)) {}
+    ~CNumericLocale() {
+        uselocale(previous_);
+        freelocale(c_);
+    }
+    CNumericLocale(const CNumericLocale&) = delete;
+    CNumericLocale& operator=(const CNumericLocale&) = delete;
+
+private:
+    locale_t c_;
+    locale_t previous_;
+};
+
+// Size and bytes come from one open file: the path may be renamed over at any moment.
 std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) {
-    std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
-    if (error || size == 0 || size > PlistDictionary::maximumFileSize)
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
         return std::nullopt;
-    std::ifstream in(path, std::ios::binary);
-    std::vector<char> bytes(size);
-    if (!in.read(bytes.data(), static_cast<std::streamsize>(size)))
-        return std::nullopt;
+    struct stat status {};
+    std::optional<std::vector<char>> bytes;
+    if (::fstat(fd, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0 &&
+        static_cast<std::uintmax_t>(status.st_size) <= PlistDictionary::maximumFileSize) {
+        bytes.emplace(static_cast<size_t>(status.st_size));
+        size_t filled = 0;
+        while (filled < bytes->size()) {
+            const ssize_t got = ::read(fd, bytes->data() + filled, bytes->size() - filled);
+            if (got < 0 && errno == EINTR)
+                continue;
+            if (got <= 0)
+                break;
+            filled += static_cast<size_t>(got);
+        }
+        if (filled != bytes->size())
+            bytes.reset();
+    }
+    ::close(fd);
     return bytes;
 }
 
@@ -70,6 +104,7 @@ std::optional<PlistDictionary> PlistDictionary::readFromFile(const std::filesyst
     if (!bytes)
         return std::nullopt;
     plist_t root = nullptr;
+    const CNumericLocale numbers;
     // Picks binary or XML by the "bplist00" signature; a parse failure leaves root NULL.
     plist_from_memory(bytes->data(), static_cast<uint32_t>(bytes->size()), &root);
     if (root == nullptr)
@@ -139,7 +174,10 @@ PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
 
     char* xml = nullptr;
     uint32_t length = 0;
-    plist_to_xml(node(root_), &xml, &length);
+    {
+        const CNumericLocale numbers;
+        plist_to_xml(node(root_), &xml, &length);
+    }
     if (xml == nullptr)
         return std::string("cannot encode the settings as a property list");
 

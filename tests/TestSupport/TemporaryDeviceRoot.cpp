@@ -14,9 +14,13 @@ TemporaryDeviceRoot::TemporaryDeviceRoot() : previousRoot_(DeviceRoot::current()
     DeviceRoot::set(directory_.path().toStdString());
 }
 
-TemporaryDeviceRoot::~TemporaryDeviceRoot() { DeviceRoot::set(previousRoot_); }
+TemporaryDeviceRoot::~TemporaryDeviceRoot() {
+    DeviceRoot::set(previousRoot_);
+}
 
-std::filesystem::path TemporaryDeviceRoot::path() const { return directory_.path().toStdString(); }
+std::filesystem::path TemporaryDeviceRoot::path() const {
+    return directory_.path().toStdString();
+}
 
 std::filesystem::path TemporaryDeviceRoot::at(const std::string& devicePath) const {
     return hostPath(devicePath);

@@ -1,0 +1,44 @@
+#include "FontCatalogue.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <strings.h>
+
+using namespace pomwick;
+
+TEST(FontCatalogue, ListsFamiliesSortedAndTheirFacesByPostScriptName) {
+    const auto& catalogue = FontCatalogue::shared();
+    const auto families = catalogue.familyNames();
+    ASSERT_FALSE(families.empty());
+    EXPECT_TRUE(std::is_sorted(families.begin(), families.end(), [](auto& a, auto& b) {
+        return strcasecmp(a.c_str(), b.c_str()) < 0;
+    }));
+    const auto faces = catalogue.fontNamesForFamilyName("DejaVu Sans");
+    EXPECT_NE(std::find(faces.begin(), faces.end(), "DejaVuSans"), faces.end());
+    EXPECT_NE(std::find(faces.begin(), faces.end(), "DejaVuSans-Bold"), faces.end());
+    EXPECT_TRUE(catalogue.fontNamesForFamilyName("No Such Family").empty());
+}
+
+TEST(FontCatalogue, ResolvesFaceNamesFamiliesAndConfiguredAliases) {
+    const auto& catalogue = FontCatalogue::shared();
+
+    const auto bold = catalogue.fontWithName("DejaVuSans-Bold", 17);
+    ASSERT_TRUE(bold);
+    EXPECT_EQ(bold->name, "DejaVuSans-Bold");
+    EXPECT_EQ(bold->family, "DejaVu Sans");
+    EXPECT_EQ(bold->style, "Bold");
+    EXPECT_EQ(bold->size, 17);
+
+    const auto family = catalogue.fontWithName("dejavu sans", 12);
+    ASSERT_TRUE(family);
+    EXPECT_EQ(family->family, "DejaVu Sans");
+
+    // The product's default is drawn with an installed sans face, under its own name.
+    const auto verdana = catalogue.fontWithName("Verdana", 16);
+    ASSERT_TRUE(verdana);
+    EXPECT_EQ(verdana->name, "Verdana");
+    EXPECT_EQ(verdana->family, "DejaVu Sans");
+
+    EXPECT_FALSE(catalogue.fontWithName("Qwertyfont", 16));
+    EXPECT_FALSE(catalogue.fontWithName("", 16));
+}

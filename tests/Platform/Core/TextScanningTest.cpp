@@ -1,0 +1,70 @@
+#include "TextScanning.h"
+
+#include <clocale>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace pomwick;
+
+TEST(TextScanning, BoolValueReadsTheFirstSignificantCharacter) {
+    for (const char* yes : {"1", "TRUE", "true", "Yes", "y", "  t", "+1", "-0009", "007", "9abc"})
+        EXPECT_TRUE(boolValue(yes)) << yes;
+    for (const char* no : {"", "0", "FALSE", "no", "abc", "  ", "-", "000", "0.9", " x1", "\n"})
+        EXPECT_FALSE(boolValue(no)) << no;
+}
+
+TEST(TextScanning, IntValueTakesTheLeadingIntegerAndSaturates) {
+    EXPECT_EQ(intValue("12.7"), 12);
+    EXPECT_EQ(intValue("  -42px"), -42);
+    EXPECT_EQ(intValue("+7"), 7);
+    EXPECT_EQ(intValue("abc"), 0);
+    EXPECT_EQ(intValue(""), 0);
+    EXPECT_EQ(intValue("99999999999999999999"), std::numeric_limits<int32_t>::max());
+    EXPECT_EQ(intValue("-99999999999999999999"), std::numeric_limits<int32_t>::min());
+}
+
+TEST(TextScanning, FloatValueTakesTheLeadingDecimalNumberOnly) {
+    EXPECT_FLOAT_EQ(floatValue("0.500000"), 0.5f);
+    EXPECT_FLOAT_EQ(floatValue("  1.2abc"), 1.2f);
+    EXPECT_FLOAT_EQ(floatValue(".5"), 0.5f);
+    EXPECT_FLOAT_EQ(floatValue("-3e2"), -300.0f);
+    EXPECT_FLOAT_EQ(floatValue("2e"), 2.0f);
+    EXPECT_FLOAT_EQ(floatValue("abc"), 0.0f);
+    EXPECT_FLOAT_EQ(floatValue("nan"), 0.0f);
+    EXPECT_FLOAT_EQ(floatValue("inf"), 0.0f);
+    EXPECT_FLOAT_EQ(floatValue("0x10"), 0.0f);
+    EXPECT_FLOAT_EQ(floatValue("."), 0.0f);
+    EXPECT_TRUE(std::isinf(floatValue("1e999")));
+    EXPECT_EQ(doubleValue("1e-999"), 0.0);
+}
+
+TEST(TextScanning, HexScanningSkipsOnlyHashes) {
+    EXPECT_EQ(intFromHexString("#FF8000"), 0xFF8000u);
+    EXPECT_EQ(intFromHexString("FF8000"), 0xFF8000u);
+    EXPECT_EQ(intFromHexString("0xFF8000"), 0xFF8000u);
+    EXPECT_EQ(intFromHexString("##ff8000zz"), 0xFF8000u);
+    EXPECT_EQ(intFromHexString(" #FF8000"), 0u);
+    EXPECT_EQ(intFromHexString("zz"), 0u);
+    EXPECT_EQ(intFromHexString("#80FF8000"), 0x80FF8000u);
+    EXPECT_EQ(intFromHexString("123456789ABCDEF"), 4294967295u);
+}
+
+TEST(TextScanning, FormattingIsFixedSixDecimalsInAnyLocale) {
+    std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+    EXPECT_EQ(formatFloat(0.5), "0.500000");
+    EXPECT_EQ(formatFloat(1.0), "1.000000");
+    EXPECT_EQ(formatFloat(0.50196078431), "0.501961");
+    EXPECT_EQ(formatFloat(-2.25), "-2.250000");
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_EQ(formatInt(-17), "-17");
+}
+
+TEST(TextScanning, SplittingKeepsEmptyParts) {
+    EXPECT_EQ(componentsSeparatedBy("", ',').size(), 1u);
+    EXPECT_EQ(componentsSeparatedBy("0.1,0.2,", ',').size(), 3u);
+    const auto parts = componentsSeparatedBy("a,,b", ',');
+    ASSERT_EQ(parts.size(), 3u);
+    EXPECT_EQ(parts[1], "");
+    EXPECT_EQ(parts[2], "b");
+}

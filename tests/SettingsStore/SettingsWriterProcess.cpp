@@ -1,0 +1,20 @@
+// Rewrites the settings file in a loop: the other side of the tests that read while it writes,
+// or kill it while it writes. Usage: pomwick-settings-writer ROOT COUNT (COUNT 0: forever).
+#include "DevicePaths.h"
+#include "Settings.h"
+
+#include <cstdlib>
+#include <string>
+
+int main(int argc, char** argv) {
+    if (argc != 3)
+        return 2;
+    pomwick::DeviceRoot::set(argv[1]);
+    const long count = std::atol(argv[2]);
+    for (long i = 0; count == 0 || i < count; ++i) {
+        // Alternating lengths, so that a torn file would show.
+        const std::string text = i % 2 == 0 ? std::string("short") : std::string(3000, 'L');
+        pomwick::setPreferencesObjectKey(text, pomwick::SettingsKey::badgeTextFieldText);
+    }
+    return 0;
+}
