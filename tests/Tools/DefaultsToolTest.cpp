@@ -1,0 +1,117 @@
+#include "DevicePaths.h"
+#include "Settings.h"
+#include "TemporaryDeviceRoot.h"
+
+#include <QProcess>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+using namespace pomwick;
+using pomwick::test::TemporaryDeviceRoot;
+
+namespace {
+
+struct ToolRun {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+ToolRun defaults(const QStringList& arguments, const QString& environmentRoot = {}) {
+    QProcess tool;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("POMWICK_ROOT");
+    if (!environmentRoot.isEmpty())
+        environment.insert("POMWICK_ROOT", environmentRoot);
+    tool.setProcessEnvironment(environment);
+    tool.start(DEFAULTS_TOOL, arguments);
+    tool.waitForFinished(30000);
+    return {tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
+            tool.readAllStandardOutput().toStdString(), tool.readAllStandardError().toStdString()};
+}
+
+QString rootOf(const TemporaryDeviceRoot& root) {
+    return QString::fromStdString(root.path());
+}
+
+bool settingsFileExists() {
+    return std::filesystem::exists(hostPath(DevicePath::preferencesFile));
+}
+
+} // namespace
+
+TEST(DefaultsTool, ReadOnAnEmptyRootListsTheElevenDefaultsInOrder) {
+    TemporaryDeviceRoot root;
+    const ToolRun run = defaults({"--root", rootOf(root), "read"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "ENABLED = true\n"
+                       "BADGE_VISIBLE = true\n"
+                       "BADGE_TEXT_FIELD_TEXT = \n"
+                       "BADGE_FONT = Verdana 16\n"
+                       "BADGE_FONT_SIZE = 16\n"
+                       "BADGE_FONT_COLOR = 0,0,0,1\n"
+                       "BADGE_BACKGROUND_COLOR = 1,1,1,1\n"
+                       "BADGE_BORDER_COLOR = 0,0,0,1\n"
+                       "BADGE_BORDER_WIDTH = 1.20000005\n"
+                       "BADGE_ALPHA = 1\n"
+                       "BADGE_LOCATION = 0,0\n");
+    EXPECT_FALSE(settingsFileExists());
+}
+
+TEST(DefaultsTool, WritesAreReadBackByTheGettersAndTheTool) {
+    TemporaryDeviceRoot root;
+    const QString dir = rootOf(root);
+    ASSERT_EQ(defaults({"--root", dir, "write", "ENABLED", "0"}).status, 0);
+    ASSERT_EQ(defaults({"--root", dir, "write", "BADGE_TEXT_FIELD_TEXT", " @@ x "}).status, 0);
+    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "0.250000,0.750000"}, dir).status, 0);
+    ASSERT_EQ(defaults({"--root", dir, "write", "BADGE_FONT", "Qwertyfont"}).status, 0);
+    EXPECT_FALSE(getEnabled());
+    EXPECT_EQ(getBadgeTextFieldText(), " @@ x ");
+    EXPECT_EQ(getBadgeLocation(), (BadgeLocation{0.25f, 0.75f}));
+
+    EXPECT_EQ(defaults({"--root", dir, "read", "BADGE_TEXT_FIELD_TEXT"}).out, " @@ x \n");
+    EXPECT_EQ(defaults({"--root", dir, "read", "BADGE_LOCATION"}).out, "0.25,0.75\n");
+    EXPECT_EQ(defaults({"--root", dir, "read", "BADGE_FONT"}).out, "(none)\n");
+
+    ASSERT_EQ(defaults({"--root", dir, "delete", "ENABLED"}).status, 0);
+    EXPECT_TRUE(getEnabled());
+    EXPECT_EQ(getBadgeTextFieldText(), " @@ x ");
+
+    ASSERT_EQ(defaults({"--root", dir, "reset"}).status, 0);
+    EXPECT_FALSE(settingsFileExists());
+    EXPECT_EQ(defaults({"--root", dir, "reset"}).status, 0);
+}
+
+TEST(DefaultsTool, BadCommandLinesSayWhatIsWrongAndWriteNothing) {
+    TemporaryDeviceRoot root;
+    const QString dir = rootOf(root);
+    const QStringList bad[] = {
+        {"--root", dir, "write", "NOT_A_KEY", "1"},
+        {"--root", dir, "read", "NOT_A_KEY"},
+        {"--root", dir, "write", "ENABLED"},
+        {"--root", dir, "write", "ENABLED", "1", "2"},
+        {"--root", dir, "frobnicate"},
+        {"--root", dir},
+        {"--root"},
+        {"--colour", "write", "ENABLED", "1"},
+    };
+    for (const QStringList& arguments : bad) {
+        const ToolRun run = defaults(arguments);
+        EXPECT_EQ(run.status, 2) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(run.out.empty());
+        EXPECT_NE(run.err.find("pomwick-defaults: "), std::string::npos);
+        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+    }
+    EXPECT_FALSE(settingsFileExists());
+}
+
+TEST(DefaultsTool, AnUnwritableRootIsNamedAndFails) {
+    TemporaryDeviceRoot root;
+    const auto notAFolder = root.path() / "file";
+    std::ofstream(notAFolder) << "x";
+    const ToolRun run =
+        defaults({"--root", QString::fromStdString(notAFolder), "write", "ENABLED", "0"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.err.find(notAFolder.string()), std::string::npos) << run.err;
+}
