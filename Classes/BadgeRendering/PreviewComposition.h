@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QImage>
+#include <QRectF>
+#include <optional>
+
+namespace pomwick {
+
+// The preview badge as the header shows it after the renderer reported a fresh background.
+struct PreviewBadge {
+    QImage image;                // null: no badge is shown
+    std::optional<QRectF> frame; // nothing: the badge view keeps the frame it had
+};
+
+// Composes the preview badge from the settings, the renderer's background file and the sample
+// icon's frame: the stored text ("@" shown as 1) in the stored font, colour and opacity, centred
+// on the background scaled to 24 points high, its top-left corner at the stored location. With
+// the tweak switched off, the bundle's stock badge, 24 x 24, centred on the icon's top-right
+// corner.
+PreviewBadge composePreviewBadge(const QRectF& iconFrame, float iconSize);
+
+// The header's picture for tools: the sample icon at iconSize points with the badge over it,
+// with room around it for a badge that lies partly outside the icon.
+QImage renderPreviewPicture(float iconSize);
+
+} // namespace pomwick

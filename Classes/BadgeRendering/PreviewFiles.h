@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QImage>
+#include <optional>
+
+namespace pomwick {
+
+// What the renderer leaves in the device's /tmp/ and the bundle's stock artwork.
+namespace PreviewFile {
+inline constexpr const char* badgeBackground = "badgeBackground.png";
+inline constexpr const char* iconSize = "iconSize.txt";
+inline constexpr const char* stockBadge = "Badge.png";
+inline constexpr const char* sampleIcon = "Cydia_Icon.png";
+} // namespace PreviewFile
+
+// The icon size the renderer reported: the leading float of iconSize.txt, or nothing when the
+// file does not exist.
+std::optional<float> readReportedIconSize();
+
+// The badge background the renderer drew last; a null image when missing or unusable.
+QImage loadBadgeBackground();
+
+// An image of the settings bundle's folder, loaded at scale 1.
+QImage loadBundleImage(const char* fileName);
+
+} // namespace pomwick

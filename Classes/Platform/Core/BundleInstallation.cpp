@@ -1,0 +1,73 @@
+#include "BundleInstallation.h"
+
+#include "DevicePaths.h"
+
+#include <cstdlib>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace pomwick {
+namespace {
+
+bool isCurrent(const fs::path& source, const fs::path& target) {
+    std::error_code sourceError, targetError;
+    const auto sourceSize = fs::file_size(source, sourceError);
+    const auto targetSize = fs::file_size(target, targetError);
+    if (sourceError || targetError || sourceSize != targetSize)
+        return false;
+    const auto sourceTime = fs::last_write_time(source, sourceError);
+    const auto targetTime = fs::last_write_time(target, targetError);
+    return !sourceError && !targetError && sourceTime == targetTime;
+}
+
+std::optional<std::string> copyAtomically(const fs::path& source, const fs::path& target) {
+    std::error_code error;
+    fs::create_directories(target.parent_path(), error);
+    const fs::path temporary =
+        target.parent_path() / ("." + target.filename().string() + "." + std::to_string(getpid()));
+    fs::copy_file(source, temporary, fs::copy_options::overwrite_existing, error);
+    if (!error)
+        fs::last_write_time(temporary, fs::last_write_time(source, error), error);
+    if (!error)
+        fs::rename(temporary, target, error);
+    if (error) {
+        fs::remove(temporary, error);
+        return "cannot install " + target.string() + ": " + error.message();
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+fs::path bundleSource() {
+    if (const char* source = std::getenv("POMWICK_BUNDLE_SOURCE"); source && *source)
+        return source;
+    std::error_code error;
+    if (fs::is_directory(POMWICK_STAGED_BUNDLE, error))
+        return POMWICK_STAGED_BUNDLE;
+    return POMWICK_INSTALLED_BUNDLE;
+}
+
+std::optional<std::string> installBundleIntoDeviceRoot() {
+    const fs::path source = bundleSource();
+    const fs::path target = hostPath(DevicePath::bundleDirectory);
+    std::error_code error;
+    if (!fs::is_directory(source, error))
+        return "the settings bundle was not found at " + source.string() + " (build it first)";
+    for (fs::recursive_directory_iterator it(source, error), end; it != end && !error;
+         it.increment(error)) {
+        if (!it->is_regular_file())
+            continue;
+        const fs::path destination = target / fs::relative(it->path(), source);
+        if (isCurrent(it->path(), destination))
+            continue;
+        if (auto failure = copyAtomically(it->path(), destination))
+            return failure;
+    }
+    if (error)
+        return "cannot read " + source.string() + ": " + error.message();
+    return std::nullopt;
+}
+
+} // namespace pomwick

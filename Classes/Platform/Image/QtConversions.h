@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Colour.h"
+#include "Font.h"
+
+#include <QColor>
+#include <QFont>
+#include <optional>
+
+namespace pomwick {
+
+// At the drawing boundary: stored components are not clamped, colours on screen are.
+QColor toQColor(const Colour& colour);
+Colour toColour(const QColor& colour);
+
+// A font's size is in points, which are logical pixels here: a 16-point font has a 16-pixel em
+// whatever the screen's DPI. No font at all draws in the label's default, the system font at 17.
+QFont toQFont(const std::optional<Font>& font);
+
+} // namespace pomwick

@@ -1,0 +1,117 @@
+#include "MessagingCenter.h"
+
+#include "MessagingInterfaces.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+
+namespace pomwick {
+namespace {
+
+QString introspectionOf(const QString& centreName) {
+    const QString xml = QString::fromUtf8(centreName == QLatin1String("com.velquor.pomwick")
+                                              ? MessagingInterfaces::renderer
+                                              : MessagingInterfaces::preferences);
+    const qsizetype start = xml.indexOf(QLatin1String("<interface"));
+    const qsizetype end = xml.lastIndexOf(QLatin1String("</interface>"));
+    if (start < 0 || end < 0)
+        return {};
+    return xml.mid(start, end + qsizetype(strlen("</interface>")) - start);
+}
+
+} // namespace
+
+// Receives every method call on the centre's object and hands it to the centre.
+class MessagingCenter::Server : public QDBusVirtualObject {
+public:
+    explicit Server(MessagingCenter& centre) : centre_(centre) {}
+
+    QString introspect(const QString&) const override { return introspectionOf(centre_.name()); }
+
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override {
+        if (message.type() != QDBusMessage::MethodCallMessage ||
+            (!message.interface().isEmpty() && message.interface() != centre_.interfaceName()))
+            return false;
+        centre_.deliver(message.member());
+        return true;
+    }
+
+private:
+    MessagingCenter& centre_;
+};
+
+MessagingCenter& MessagingCenter::centerNamed(const QString& name) {
+    static std::map<QString, std::unique_ptr<MessagingCenter>> centres;
+    auto& centre = centres[name];
+    if (!centre)
+        centre.reset(new MessagingCenter(name));
+    return *centre;
+}
+
+MessagingCenter::MessagingCenter(QString name) : name_(std::move(name)) {}
+
+MessagingCenter::~MessagingCenter() = default;
+
+QString MessagingCenter::objectPath() const {
+    return QLatin1Char('/') + QString(name_).replace(QLatin1Char('.'), QLatin1Char('/'));
+}
+
+bool MessagingCenter::doesServerExist() const {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected() || bus.interface() == nullptr)
+        return false;
+    return bus.interface()->isServiceRegistered(name_).value();
+}
+
+bool MessagingCenter::runServerOnCurrentThread() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return false;
+    if (!server_) {
+        server_ = std::make_unique<Server>(*this);
+        if (!bus.registerVirtualObject(objectPath(), server_.get())) {
+            server_.reset();
+            return false;
+        }
+    }
+    if (bus.registerService(name_))
+        return true;
+    bus.unregisterObject(objectPath());
+    server_.reset();
+    return false;
+}
+
+void MessagingCenter::registerForMessageName(const QString& messageName, QObject* target,
+                                             Handler handler) {
+    registrations_[messageName] = {target, std::move(handler)};
+}
+
+void MessagingCenter::sendMessageName(const QString& messageName) const {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(name_, objectPath(), interfaceName(), messageName);
+    message.setAutoStartService(false);
+    // send() expects no reply and returns at once.
+    bus.send(message);
+}
+
+void MessagingCenter::deliver(const QString& messageName) {
+    const auto found = registrations_.find(messageName);
+    if (found == registrations_.end() || found->second.target.isNull())
+        return;
+    // A copy: the handler may register again and replace this very registration.
+    const Handler handler = found->second.handler;
+    handler(messageName);
+}
+
+bool sessionBusAvailable() {
+    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        return false;
+    return QDBusConnection::sessionBus().isConnected();
+}
+
+} // namespace pomwick

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace pomwick {
+
+// A named message centre on the session bus: one-way messages without payload between
+// processes. The centre's name is a D-Bus well-known name; a message is a method call with no
+// arguments and no reply, whose member is the message's name, on the object path and interface
+// derived from the centre's name. Sending never blocks and ignores failure; received messages
+// are handled on the main thread; a handler whose target has been destroyed is skipped.
+class MessagingCenter {
+public:
+    using Handler = std::function<void(const QString& messageName)>;
+
+    // The process's one centre of that name.
+    static MessagingCenter& centerNamed(const QString& name);
+
+    // Whether some process serves this centre now.
+    bool doesServerExist() const;
+    // Serves the centre from this process, on the main thread's event loop. False when the bus
+    // is missing or another process serves it.
+    bool runServerOnCurrentThread();
+    // Calls the handler for every message of that name while the target lives; registering a
+    // name again replaces the earlier registration.
+    void registerForMessageName(const QString& messageName, QObject* target, Handler handler);
+    void sendMessageName(const QString& messageName) const;
+
+    QString name() const { return name_; }
+    QString objectPath() const;
+    QString interfaceName() const { return name_; }
+
+    ~MessagingCenter();
+
+private:
+    explicit MessagingCenter(QString name);
+    class Server;
+    friend class Server;
+    void deliver(const QString& messageName);
+
+    struct Registration {
+        QPointer<QObject> target;
+        Handler handler;
+    };
+    QString name_;
+    std::map<QString, Registration> registrations_;
+    std::unique_ptr<Server> server_;
+};
+
+// Whether a session bus can be reached at all.
+bool sessionBusAvailable();
+
+} // namespace pomwick
