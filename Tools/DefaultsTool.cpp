@@ -12,7 +12,9 @@ using namespace pomwick;
 namespace {
 
 std::vector<ToolCommand> commands() {
-    return settingsCommands();
+    std::vector<ToolCommand> all = settingsCommands();
+    all.push_back(previewCommand());
+    return all;
 }
 
 void printUsage(std::ostream& out) {

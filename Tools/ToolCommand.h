@@ -22,5 +22,6 @@ inline constexpr int operationFailed = 1;
 inline constexpr int usageError = 2;
 
 std::vector<ToolCommand> settingsCommands();
+ToolCommand previewCommand();
 
 } // namespace pomwick

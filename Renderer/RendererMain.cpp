@@ -1,0 +1,106 @@
+// pomwick-renderer: the home-screen side of the preview. Serves the renderer's message centre,
+// draws the badge background on request and reports the icon size.
+#include "BadgeBackgroundRenderer.h"
+#include "BundleInstallation.h"
+#include "DevicePaths.h"
+#include "MessageNames.h"
+#include "MessagingCenter.h"
+#include "PreviewFiles.h"
+#include "TerminationSignals.h"
+
+#include <QGuiApplication>
+#include <QSaveFile>
+#include <QStringList>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+
+using namespace pomwick;
+
+namespace {
+
+struct Options {
+    std::optional<std::string> root;
+    double iconSize = 60;
+};
+
+int fail(const QString& problem, int status = 1) {
+    std::fprintf(stderr, "pomwick-renderer: %s\n", qPrintable(problem));
+    return status;
+}
+
+std::optional<Options> parse(const QStringList& arguments, QString& problem) {
+    Options options;
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        const QString& option = arguments[i];
+        if (i + 1 >= arguments.size() || (option != "--root" && option != "--icon-size")) {
+            problem =
+                option == "--root" || option == "--icon-size"
+                    ? option + " needs a value"
+                    : "unknown argument '" + option + "' (options: --root DIR, --icon-size N)";
+            return std::nullopt;
+        }
+        const QString value = arguments[++i];
+        if (option == "--root") {
+            options.root = value.toStdString();
+            continue;
+        }
+        bool number = false;
+        options.iconSize = value.toDouble(&number);
+        if (!number || !std::isfinite(options.iconSize) || options.iconSize <= 0 ||
+            options.iconSize > 1024) {
+            problem =
+                "--icon-size needs a number of points between 0 and 1024, not '" + value + "'";
+            return std::nullopt;
+        }
+    }
+    return options;
+}
+
+bool writeIconSize(double iconSize) {
+    const auto path = hostPath(std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize);
+    std::filesystem::create_directories(path.parent_path());
+    QSaveFile file(QString::fromStdString(path.string()));
+    return file.open(QIODevice::WriteOnly) &&
+           file.write(QByteArray::number(iconSize, 'g', 9)) > 0 && file.commit();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // The renderer never shows a window.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+
+    QString problem;
+    const auto options = parse(app.arguments(), problem);
+    if (!options)
+        return fail(problem, 2);
+    DeviceRoot::set(DeviceRoot::choose(options->root));
+
+    if (!sessionBusAvailable())
+        return fail("no D-Bus session bus: DBUS_SESSION_BUS_ADDRESS is unset or unreachable "
+                    "(start one with dbus-run-session)");
+    if (const auto failure = installBundleIntoDeviceRoot())
+        return fail(QString::fromStdString(*failure));
+    if (!writeIconSize(options->iconSize))
+        return fail("cannot write the icon size under " +
+                    QString::fromStdString(DeviceRoot::current().string()));
+
+    MessagingCenter& centre = MessagingCenter::centerNamed(CenterName::renderer);
+    if (!centre.runServerOnCurrentThread())
+        return fail(centre.doesServerExist()
+                        ? "another renderer already serves " + centre.name()
+                        : "cannot serve " + centre.name() + " on the session bus");
+
+    BadgeBackgroundRenderer renderer;
+    centre.registerForMessageName(MessageName::saveBadgeImages, &renderer,
+                                  [&renderer](const QString&) { renderer.requestRender(); });
+    handleTerminationSignals([] { QGuiApplication::quit(); });
+    // A fresh background from the start, and a refreshed preview for a screen that is open.
+    renderer.requestRender();
+    return app.exec();
+}
