@@ -1,0 +1,114 @@
+#include "DevicePaths.h"
+#include "ImageContext.h"
+#include "ImageFile.h"
+#include "PreviewComposition.h"
+#include "PreviewFiles.h"
+#include "Settings.h"
+#include "TemporaryDeviceRoot.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace pomwick;
+
+namespace {
+
+class Composition : public testing::Test {
+protected:
+    void SetUp() override {
+        setMainScreenScaleOverride(2.0);
+        writeImage(std::string(DevicePath::tmpDirectory) + PreviewFile::badgeBackground,
+                   QSize(48, 40), Qt::red);
+        writeImage(std::string(DevicePath::bundleDirectory) + PreviewFile::stockBadge,
+                   QSize(48, 48), Qt::blue);
+    }
+    void TearDown() override { setMainScreenScaleOverride(std::nullopt); }
+
+    void writeImage(const std::string& devicePath, QSize pixels, QColor colour) {
+        QImage image(pixels, QImage::Format_ARGB32);
+        image.fill(colour);
+        std::filesystem::create_directories(hostPath(devicePath).parent_path());
+        ASSERT_TRUE(writePngAtomically(image, hostPath(devicePath)));
+    }
+
+    PreviewBadge compose() { return composePreviewBadge(icon, 60); }
+    QImage composedWithText(const char* text) {
+        setPreferencesObjectKey(text, SettingsKey::badgeTextFieldText);
+        return compose().image;
+    }
+
+    test::TemporaryDeviceRoot root;
+    const QRectF icon{40, 75, 60, 60};
+};
+
+} // namespace
+
+TEST_F(Composition, TheTextShowsTheBadgeNumberOne) {
+    const QImage atSigns = composedWithText("@@");
+    ASSERT_FALSE(atSigns.isNull());
+    EXPECT_EQ(atSigns, composedWithText("11"));
+    EXPECT_EQ(composedWithText(""), composedWithText("1"));
+    EXPECT_NE(composedWithText("New"), composedWithText("1"));
+}
+
+TEST_F(Composition, TheBadgeIs24PointsHighAtTheStoredLocation) {
+    const PreviewBadge origin = compose();
+    ASSERT_TRUE(origin.frame);
+    // 28.8 points wide, held in whole pixels at scale 2, as an image context does.
+    EXPECT_EQ(pointSize(origin.image), QSizeF(std::ceil(24.0 / 40 * 48 * 2) / 2, 24));
+    EXPECT_EQ(*origin.frame, QRectF(QPointF(40, 75), pointSize(origin.image)));
+
+    setPreferencesObjectKey("1.000000,1.000000", SettingsKey::badgeLocation);
+    EXPECT_EQ(compose().frame->topLeft(), QPointF(100, 135));
+    setPreferencesObjectKey("0.500000,-0.250000", SettingsKey::badgeLocation);
+    EXPECT_EQ(compose().frame->topLeft(), QPointF(70, 60));
+}
+
+TEST_F(Composition, SwitchedOffShowsTheStockBadgeOnTheTopRightCorner) {
+    setPreferencesObjectKey("0", SettingsKey::enabled);
+    setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
+    setPreferencesObjectKey("0.500000,0.500000", SettingsKey::badgeLocation);
+    const PreviewBadge stock = compose();
+    ASSERT_TRUE(stock.frame);
+    EXPECT_EQ(*stock.frame, QRectF(40 + 60 - 12, 75 - 12, 24, 24));
+    EXPECT_EQ(pointSize(stock.image), QSizeF(24, 24));
+    EXPECT_EQ(stock.image.pixelColor(24, 24), QColor(Qt::blue));
+}
+
+TEST_F(Composition, HiddenBadgeShowsNothingAndKeepsTheFrame) {
+    setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
+    const PreviewBadge hidden = compose();
+    EXPECT_TRUE(hidden.image.isNull());
+    EXPECT_FALSE(hidden.frame);
+}
+
+TEST_F(Composition, AnUnusableBackgroundGivesNoBadge) {
+    const std::string background =
+        std::string(DevicePath::tmpDirectory) + PreviewFile::badgeBackground;
+    for (const char* bytes : {"", "not a png", "\x89PNG\r\n\x1a\n"}) {
+        root.writeFile(background, bytes);
+        EXPECT_TRUE(compose().image.isNull()) << bytes;
+    }
+    std::filesystem::remove(hostPath(background));
+    EXPECT_TRUE(compose().image.isNull());
+}
+
+TEST(ReportedIconSize, TakesTheLeadingFloatOfWhateverTheFileHolds) {
+    test::TemporaryDeviceRoot root;
+    EXPECT_FALSE(readReportedIconSize());
+    const std::string file = std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize;
+    const std::pair<std::string, float> cases[] = {{"60", 60},
+                                                   {"60.5\n", 60.5f},
+                                                   {"", 0},
+                                                   {"abc", 0},
+                                                   {"-12", -12},
+                                                   {"nan", 0},
+                                                   {std::string(1024 * 1024, ' ') + "7", 0}};
+    for (const auto& [text, expected] : cases) {
+        root.writeFile(file, text);
+        ASSERT_TRUE(readReportedIconSize());
+        EXPECT_EQ(*readReportedIconSize(), expected) << text.substr(0, 10);
+    }
+    root.writeFile(file, std::string(1024 * 1024, '9'));
+    EXPECT_TRUE(std::isinf(*readReportedIconSize()));
+}

@@ -1,0 +1,171 @@
+#include "BadgeImagePrimitives.h"
+#include "ImageContext.h"
+#include "QtConversions.h"
+#include "Settings.h"
+#include "TemporaryDeviceRoot.h"
+#include "TextDrawing.h"
+
+#include <gtest/gtest.h>
+
+using namespace pomwick;
+
+namespace {
+
+// Every primitive draws at the main screen's scale: each test runs at 1 and 2.
+class Primitives : public testing::TestWithParam<double> {
+protected:
+    void SetUp() override { setMainScreenScaleOverride(GetParam()); }
+    void TearDown() override { setMainScreenScaleOverride(std::nullopt); }
+
+    double scale() const { return GetParam(); }
+
+    // An image of `size` points at the current scale, filled by the drawing function.
+    template <typename Draw> QImage image(QSizeF size, Draw draw) {
+        ImageContext context(size);
+        draw(context.painter());
+        return context.image();
+    }
+    QImage solid(QSizeF size, QColor colour) {
+        return image(size, [&](QPainter& p) { p.fillRect(QRectF(QPointF(), size), colour); });
+    }
+
+    test::TemporaryDeviceRoot root;
+};
+
+// The colour at a point given in points.
+QColor at(const QImage& image, double x, double y) {
+    const double scale = image.devicePixelRatio();
+    return image.pixelColor(int(x * scale), int(y * scale));
+}
+
+bool near(const QColor& a, const QColor& b, int tolerance = 3) {
+    return std::abs(a.red() - b.red()) <= tolerance &&
+           std::abs(a.green() - b.green()) <= tolerance &&
+           std::abs(a.blue() - b.blue()) <= tolerance &&
+           std::abs(a.alpha() - b.alpha()) <= tolerance;
+}
+
+void expectScaleAndSize(const QImage& image, QSizeF points, double scale) {
+    EXPECT_EQ(pointSize(image), points);
+    EXPECT_EQ(image.devicePixelRatio(), scale);
+}
+
+const QColor red(255, 0, 0), blue(0, 0, 255), green(0, 255, 0);
+
+} // namespace
+
+TEST_P(Primitives, ScalingStretchesWithoutKeepingTheAspectRatio) {
+    const QImage halves = image(QSizeF(10, 10), [](QPainter& p) {
+        p.fillRect(QRectF(0, 0, 5, 10), red);
+        p.fillRect(QRectF(5, 0, 5, 10), blue);
+    });
+    const QImage scaled = scaleImageToSize(halves, QSizeF(40, 10));
+    expectScaleAndSize(scaled, QSizeF(40, 10), scale());
+    // Corner to corner: each half now spans 20 points, nothing is letterboxed.
+    EXPECT_TRUE(near(at(scaled, 0.5, 0.5), red));
+    EXPECT_TRUE(near(at(scaled, 15, 5), red));
+    EXPECT_TRUE(near(at(scaled, 25, 5), blue));
+    EXPECT_TRUE(near(at(scaled, 39.5, 9.5), blue));
+}
+
+TEST_P(Primitives, BorderOfExactlyOneReturnsTheSameImage) {
+    const QImage badge = solid(QSizeF(20, 20), red);
+    setPreferencesObjectKey("1.0", SettingsKey::badgeBorderWidth);
+    EXPECT_EQ(addBorderToImage(badge, Colour{0, 0, 1, 1}).cacheKey(), badge.cacheKey());
+    setPreferencesObjectKey("1.0000001", SettingsKey::badgeBorderWidth);
+    const QImage bordered = addBorderToImage(badge, Colour{0, 0, 1, 1});
+    EXPECT_NE(bordered.cacheKey(), badge.cacheKey());
+    EXPECT_GT(pointSize(bordered).width(), 20);
+}
+
+TEST_P(Primitives, BorderCentresTheImageOnItsEnlargedSilhouette) {
+    setPreferencesObjectKey("1.500000", SettingsKey::badgeBorderWidth);
+    const QImage bordered = addBorderToImage(solid(QSizeF(20, 20), red), Colour{0, 0, 1, 1});
+    expectScaleAndSize(bordered, QSizeF(30, 30), scale());
+    EXPECT_TRUE(near(at(bordered, 1, 1), blue));
+    EXPECT_TRUE(near(at(bordered, 28.5, 28.5), blue));
+    EXPECT_TRUE(near(at(bordered, 15, 15), red));
+    EXPECT_TRUE(near(at(bordered, 5.5, 15), red));
+    EXPECT_TRUE(near(at(bordered, 4, 15), blue));
+}
+
+TEST_P(Primitives, BorderSilhouetteIsTheMaskMirroredVertically) {
+    setPreferencesObjectKey("2.000000", SettingsKey::badgeBorderWidth);
+    // Only the top half is opaque: the silhouette ends up in the bottom half.
+    const QImage topHalf =
+        image(QSizeF(20, 20), [](QPainter& p) { p.fillRect(QRectF(0, 0, 20, 10), red); });
+    const QImage bordered = addBorderToImage(topHalf, Colour{0, 0, 1, 1});
+    expectScaleAndSize(bordered, QSizeF(40, 40), scale());
+    EXPECT_TRUE(near(at(bordered, 20, 30), blue));
+    // Outside the silhouette the stretched copy of the image is left as it was drawn.
+    EXPECT_TRUE(near(at(bordered, 20, 5), red));
+}
+
+TEST_P(Primitives, AlphaFadesTheWholeImage) {
+    const QImage faded = applyAlphaToImage(solid(QSizeF(8, 6), red), 0.5f);
+    expectScaleAndSize(faded, QSizeF(8, 6), scale());
+    EXPECT_NEAR(at(faded, 4, 3).alpha(), 128, 2);
+    EXPECT_TRUE(applyAlphaToImage(QImage(), 0.5f).isNull());
+}
+
+TEST_P(Primitives, TextImagesAreAsWideAsTheTextAndAsHighAsTheFlagSays) {
+    const Font font{"Verdana", 40, "DejaVu Sans", "Book", {}};
+    const QImage fixed = makeImageFromText("12", font, Colour{0, 1, 0, 1}, false);
+    EXPECT_EQ(pointSize(fixed).height(), 19);
+    EXPECT_EQ(fixed.devicePixelRatio(), scale());
+
+    const QImage measured = makeImageFromText("12", font, Colour{0, 1, 0, 1}, true);
+    const QSizeF size = sizeWithAttributes("12", toQFont(font));
+    EXPECT_NEAR(pointSize(measured).width(), size.width(), 1.0 / scale());
+    EXPECT_NEAR(pointSize(measured).height(), float(size.height()), 1.0 / scale());
+    EXPECT_GT(size.height(), 40);
+
+    // Transparent around the glyphs, the text colour where they are.
+    EXPECT_EQ(at(measured, 0, 0).alpha(), 0);
+    bool textColourFound = false;
+    for (int y = 0; y < measured.height() && !textColourFound; ++y)
+        for (int x = 0; x < measured.width(); ++x)
+            textColourFound = textColourFound || near(measured.pixelColor(x, y), green, 10);
+    EXPECT_TRUE(textColourFound);
+
+    const QImage empty = makeImageFromText("", font, Colour{}, true);
+    EXPECT_EQ(pointSize(empty).width(), 0);
+}
+
+TEST_P(Primitives, FillFlattensTheShapeAndShowsTheInnerHalfOfABlackOutline) {
+    const QImage disc = image(QSizeF(20, 20), [](QPainter& p) {
+        p.setBrush(red);
+        p.setPen(Qt::NoPen);
+        p.drawEllipse(QRectF(0, 0, 20, 20));
+    });
+    const QImage filled = fillImageWithColor(disc, Colour{0, 0, 1, 1});
+    expectScaleAndSize(filled, QSizeF(20, 20), scale());
+    EXPECT_TRUE(near(at(filled, 10, 10), blue));
+    EXPECT_EQ(at(filled, 0.5, 0.5).alpha(), 0);
+
+    // A shape that reaches the edge: the outline darkens the edge, inside stays the colour.
+    const QImage square = fillImageWithColor(solid(QSizeF(20, 20), red), Colour{0, 0, 1, 1});
+    const QColor edge = at(square, 10, 0);
+    EXPECT_LT(edge.blue(), 200);
+    EXPECT_EQ(edge.alpha(), 255);
+    EXPECT_TRUE(near(at(square, 10, 2), blue));
+}
+
+TEST_P(Primitives, CombiningCentresTheSecondWithRoundedOffsets) {
+    const QImage combined =
+        imageByCombiningImage(solid(QSizeF(30, 24), red), solid(QSizeF(9, 15), blue));
+    expectScaleAndSize(combined, QSizeF(30, 24), scale());
+    // (30 - 9) / 2 = 10.5 rounds to 11; (24 - 15) / 2 = 4.5 rounds to 5.
+    EXPECT_TRUE(near(at(combined, 11, 5), blue));
+    EXPECT_TRUE(near(at(combined, 19.9, 19.9), blue));
+    EXPECT_TRUE(near(at(combined, 10.9, 5), red));
+    EXPECT_TRUE(near(at(combined, 11, 4.9), red));
+    EXPECT_TRUE(near(at(combined, 20, 5), red));
+    // A larger second image is cropped to the first's size.
+    const QImage cropped =
+        imageByCombiningImage(solid(QSizeF(10, 10), red), solid(QSizeF(30, 30), blue));
+    expectScaleAndSize(cropped, QSizeF(10, 10), scale());
+    EXPECT_TRUE(near(at(cropped, 0, 0), blue));
+}
+
+INSTANTIATE_TEST_SUITE_P(AtScale, Primitives, testing::Values(1.0, 2.0));
