@@ -1,0 +1,143 @@
+#include "RendererProcess.h"
+
+#include "DevicePaths.h"
+#include "ImageFile.h"
+#include "MessageNames.h"
+#include "MessagingCenter.h"
+#include "PreviewFiles.h"
+#include "PrivateSessionBus.h"
+#include "Settings.h"
+#include "TemporaryDeviceRoot.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace pomwick;
+using pomwick::test::RendererProcess;
+
+namespace {
+
+std::filesystem::path tmpFile(const char* name) {
+    return hostPath(std::string(DevicePath::tmpDirectory) + name);
+}
+
+// Plays the settings screen's side: serves its centre and counts the renderer's answers.
+class ScreenSide : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        test::PrivateSessionBus::address();
+        ASSERT_TRUE(
+            MessagingCenter::centerNamed(CenterName::preferences).runServerOnCurrentThread());
+    }
+    void SetUp() override {
+        MessagingCenter::centerNamed(CenterName::preferences)
+            .registerForMessageName(MessageName::badgeSavedToTmp, &receiver,
+                                    [this](const QString&) { ++answers; });
+    }
+    void requestAndAwaitAnswer() {
+        const int before = answers;
+        MessagingCenter::centerNamed(CenterName::renderer)
+            .sendMessageName(MessageName::saveBadgeImages);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return answers > before; }, 5000));
+    }
+    // A synchronous call the renderer's event loop must answer: it is responsive.
+    static bool ping() {
+        const QDBusMessage reply = QDBusConnection::sessionBus().call(
+            QDBusMessage::createMethodCall(CenterName::renderer, "/", "org.freedesktop.DBus.Peer",
+                                           "Ping"),
+            QDBus::Block, 2000);
+        return reply.type() == QDBusMessage::ReplyMessage;
+    }
+
+    test::TemporaryDeviceRoot root;
+    QObject receiver;
+    int answers = 0;
+};
+
+QColor centreOf(const QImage& image) {
+    return image.pixelColor(image.width() / 2, image.height() / 2);
+}
+
+} // namespace
+
+TEST_F(ScreenSide, ReportsTheIconSizeAndDrawsTheBackgroundFromTheSettings) {
+    setPreferencesObjectKey("0.000000,1.000000,0.000000,1.000000",
+                            SettingsKey::badgeBackgroundColor);
+    setPreferencesObjectKey("0.000000,0.000000,1.000000,1.000000", SettingsKey::badgeBorderColor);
+    setPreferencesObjectKey("1.500000", SettingsKey::badgeBorderWidth);
+    RendererProcess renderer({"--icon-size", "72.5"});
+    ASSERT_TRUE(renderer.waitUntilServing());
+    EXPECT_EQ(root.readFile(std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize), "72.5");
+
+    requestAndAwaitAnswer();
+    const QImage background = imageWithContentsOfFile(tmpFile(PreviewFile::badgeBackground));
+    ASSERT_FALSE(background.isNull());
+    const QImage stock = loadBundleImage(PreviewFile::stockBadge);
+    EXPECT_EQ(background.size(), stock.size() * 1.5);
+    EXPECT_EQ(centreOf(background), QColor(0, 255, 0));
+    // The border: the enlarged silhouette's rim, between the stock badge's edge and its own.
+    const QColor rim = background.pixelColor(background.width() / 2, background.height() / 20);
+    EXPECT_EQ(rim, QColor(0, 0, 255));
+    EXPECT_EQ(background.pixelColor(0, 0).alpha(), 0);
+}
+
+TEST_F(ScreenSide, StaysResponsiveUnderAFloodAndItsLastRenderIsTheLastSettings) {
+    RendererProcess renderer;
+    ASSERT_TRUE(renderer.waitUntilServing());
+    const MessagingCenter& centre = MessagingCenter::centerNamed(CenterName::renderer);
+    for (int i = 0; i < 10000; ++i) {
+        if (i % 1000 == 0)
+            setPreferencesObjectKey(i % 2000 == 0 ? "1,0,0,1" : "0,1,0,1",
+                                    SettingsKey::badgeBackgroundColor);
+        centre.sendMessageName(MessageName::saveBadgeImages);
+    }
+    setPreferencesObjectKey("0.000000,0.000000,1.000000,1.000000",
+                            SettingsKey::badgeBackgroundColor);
+    EXPECT_TRUE(ping());
+    requestAndAwaitAnswer();
+    // Let every queued request be answered, then the file shows the last settings.
+    int settled = -1;
+    while (settled != answers) {
+        settled = answers;
+        QTest::qWait(300);
+    }
+    EXPECT_LT(answers, 10001) << "bursts are coalesced";
+    EXPECT_EQ(centreOf(imageWithContentsOfFile(tmpFile(PreviewFile::badgeBackground))),
+              QColor(0, 0, 255));
+    EXPECT_TRUE(ping());
+}
+
+TEST_F(ScreenSide, EndsCleanlyOnSigtermAndRefusesToServeTwice) {
+    RendererProcess first;
+    ASSERT_TRUE(first.waitUntilServing());
+    RendererProcess second;
+    ASSERT_TRUE(second.process().waitForFinished(10000));
+    EXPECT_EQ(second.process().exitCode(), 1);
+
+    first.process().terminate();
+    ASSERT_TRUE(first.process().waitForFinished(5000));
+    EXPECT_EQ(first.process().exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(first.process().exitCode(), 0);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [] { return !MessagingCenter::centerNamed(CenterName::renderer).doesServerExist(); },
+        5000));
+}
+
+TEST(RendererStart, WithoutASessionBusItSaysSoAndExits) {
+    test::TemporaryDeviceRoot root;
+    QProcess renderer;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove("DBUS_SESSION_BUS_ADDRESS");
+    renderer.setProcessEnvironment(environment);
+    renderer.start(RENDERER, {"--root", QString::fromStdString(root.path())});
+    ASSERT_TRUE(renderer.waitForFinished(10000));
+    EXPECT_EQ(renderer.exitCode(), 1);
+    EXPECT_TRUE(renderer.readAllStandardError().contains("DBUS_SESSION_BUS_ADDRESS"));
+
+    renderer.start(RENDERER, {"--icon-size", "abc"});
+    ASSERT_TRUE(renderer.waitForFinished(10000));
+    EXPECT_EQ(renderer.exitCode(), 2);
+    EXPECT_TRUE(renderer.readAllStandardError().contains("--icon-size"));
+}
