@@ -1,5 +1,6 @@
 // pomwick-renderer: the home-screen side of the preview. Serves the renderer's message centre,
 // draws the badge background on request and reports the icon size.
+#include "AtomicFile.h"
 #include "BadgeBackgroundRenderer.h"
 #include "BundleInstallation.h"
 #include "DevicePaths.h"
@@ -9,7 +10,6 @@
 #include "TerminationSignals.h"
 
 #include <QGuiApplication>
-#include <QSaveFile>
 #include <QStringList>
 #include <clocale>
 #include <cmath>
@@ -59,11 +59,10 @@ std::optional<Options> parse(const QStringList& arguments, QString& problem) {
 }
 
 bool writeIconSize(double iconSize) {
-    const auto path = hostPath(std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize);
-    std::filesystem::create_directories(path.parent_path());
-    QSaveFile file(QString::fromStdString(path.string()));
-    return file.open(QIODevice::WriteOnly) &&
-           file.write(QByteArray::number(iconSize, 'g', 9)) > 0 && file.commit();
+    const QByteArray text = QByteArray::number(iconSize, 'g', 9);
+    return !writeFileAtomically(
+        hostPath(std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize),
+        std::string_view(text.constData(), size_t(text.size())));
 }
 
 } // namespace

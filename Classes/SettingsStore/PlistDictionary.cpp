@@ -1,8 +1,9 @@
 #include "PlistDictionary.h"
 
+#include "AtomicFile.h"
+
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <locale.h>
 #include <plist/plist.h>
@@ -62,23 +63,6 @@ std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) 
     }
     ::close(fd);
     return bytes;
-}
-
-std::string systemError(const std::string& what, const std::filesystem::path& path) {
-    return what + " " + path.string() + ": " + std::strerror(errno);
-}
-
-bool writeAll(int fd, const char* data, size_t length) {
-    while (length > 0) {
-        const ssize_t written = ::write(fd, data, length);
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        data += written;
-        length -= static_cast<size_t>(written);
-    }
-    return true;
 }
 
 } // namespace
@@ -167,11 +151,6 @@ void PlistDictionary::remove(std::string_view key) {
 
 std::optional<std::string>
 PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
-    std::error_code error;
-    std::filesystem::create_directories(path.parent_path(), error);
-    if (error)
-        return "cannot create " + path.parent_path().string() + ": " + error.message();
-
     char* xml = nullptr;
     uint32_t length = 0;
     {
@@ -180,30 +159,9 @@ PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
     }
     if (xml == nullptr)
         return std::string("cannot encode the settings as a property list");
-
-    std::string temporary = (path.parent_path() / ("." + path.filename().string() + ".XXXXXX"));
-    const int fd = ::mkstemp(temporary.data());
-    if (fd < 0) {
-        plist_to_xml_free(xml);
-        return systemError("cannot write in", path.parent_path());
-    }
-    bool written = writeAll(fd, xml, length) && ::fchmod(fd, 0644) == 0;
-    std::string reason = written ? "" : systemError("cannot write", temporary);
+    auto failure = writeFileAtomically(path, std::string_view(xml, length));
     plist_to_xml_free(xml);
-    if (::close(fd) != 0 && written) {
-        written = false;
-        reason = systemError("cannot write", temporary);
-    }
-    if (!written) {
-        ::unlink(temporary.c_str());
-        return reason;
-    }
-    if (::rename(temporary.c_str(), path.c_str()) != 0) {
-        const std::string reason = systemError("cannot replace", path);
-        ::unlink(temporary.c_str());
-        return reason;
-    }
-    return std::nullopt;
+    return failure;
 }
 
 } // namespace pomwick

@@ -1,9 +1,11 @@
 #include "BundleInstallation.h"
 
+#include "AtomicFile.h"
 #include "DevicePaths.h"
 
 #include <cstdlib>
-#include <unistd.h>
+#include <fstream>
+#include <iterator>
 
 namespace fs = std::filesystem;
 
@@ -22,19 +24,15 @@ bool isCurrent(const fs::path& source, const fs::path& target) {
 }
 
 std::optional<std::string> copyAtomically(const fs::path& source, const fs::path& target) {
+    std::ifstream in(source, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    if (!in.good() && !in.eof())
+        return "cannot read " + source.string();
+    if (auto failure = writeFileAtomically(target, bytes))
+        return failure;
+    // The same time as the source marks the copy as current.
     std::error_code error;
-    fs::create_directories(target.parent_path(), error);
-    const fs::path temporary =
-        target.parent_path() / ("." + target.filename().string() + "." + std::to_string(getpid()));
-    fs::copy_file(source, temporary, fs::copy_options::overwrite_existing, error);
-    if (!error)
-        fs::last_write_time(temporary, fs::last_write_time(source, error), error);
-    if (!error)
-        fs::rename(temporary, target, error);
-    if (error) {
-        fs::remove(temporary, error);
-        return "cannot install " + target.string() + ": " + error.message();
-    }
+    fs::last_write_time(target, fs::last_write_time(source, error), error);
     return std::nullopt;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fontconfig/fontconfig.h>
+#include <map>
 #include <mutex>
 #include <strings.h>
 
@@ -135,7 +136,7 @@ std::optional<Face> bestMatchForFamily(std::string_view family) {
     return face;
 }
 
-std::optional<Face> resolve(std::string_view name) {
+std::optional<Face> resolveUncached(std::string_view name) {
     if (name.empty())
         return std::nullopt;
     for (const Face& face : faces()) {
@@ -150,6 +151,18 @@ std::optional<Face> resolve(std::string_view name) {
     if (isFamily || substitutedFamilies(name) != fallback)
         return bestMatchForFamily(name);
     return std::nullopt;
+}
+
+// Matching through fontconfig's rules costs a few hundred microseconds and the installed fonts
+// are listed once per process, so each name is resolved once.
+std::optional<Face> resolve(std::string_view name) {
+    static std::mutex lock;
+    static std::map<std::string, std::optional<Face>, std::less<>> resolved;
+    const std::lock_guard<std::mutex> guard(lock);
+    auto found = resolved.find(name);
+    if (found == resolved.end())
+        found = resolved.emplace(std::string(name), resolveUncached(name)).first;
+    return found->second;
 }
 
 } // namespace

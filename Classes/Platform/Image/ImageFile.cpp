@@ -1,7 +1,9 @@
 #include "ImageFile.h"
 
+#include "AtomicFile.h"
+
+#include <QBuffer>
 #include <QImageReader>
-#include <QSaveFile>
 
 namespace pomwick {
 namespace {
@@ -27,15 +29,14 @@ QImage imageWithContentsOfFile(const std::filesystem::path& path) {
 }
 
 bool writePngAtomically(const QImage& image, const std::filesystem::path& path) {
-    QSaveFile file(QString::fromStdString(path.string()));
-    if (!file.open(QIODevice::WriteOnly))
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    // Uncompressed: the file is small, local, and rewritten on every preview refresh, where
+    // compressing costs more than the bytes it saves.
+    if (!image.save(&buffer, "PNG", 100))
         return false;
-    // A light compression level: the file is written on every preview refresh.
-    if (!image.save(&file, "PNG", 80)) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    return !writeFileAtomically(path, std::string_view(png.constData(), size_t(png.size())));
 }
 
 } // namespace pomwick

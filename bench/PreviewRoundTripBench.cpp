@@ -1,0 +1,118 @@
+// The preview round trip against a real renderer on a private bus ("saveBadgeImages" sent, the
+// renderer draws and writes, "badgeSavedToTmp" comes back, the preview badge is composed),
+// measured beside a bare two-message ping-pong with a peer process on the same bus.
+#include "MessageNames.h"
+#include "MessagingCenter.h"
+#include "PreviewComposition.h"
+#include "PrivateSessionBus.h"
+#include "TemporaryDeviceRoot.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QThread>
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <clocale>
+#include <memory>
+#include <vector>
+
+using namespace pomwick;
+
+namespace {
+
+const QString echoCentre = QStringLiteral("com.velquor.pomwickbench.echo");
+
+struct Peers {
+    test::TemporaryDeviceRoot root;
+    QProcess renderer;
+    QProcess echo;
+    QObject receiver;
+    int answers = 0;
+
+    Peers() {
+        test::PrivateSessionBus::address();
+        renderer.start(RENDERER, {"--root", QString::fromStdString(root.path())});
+        echo.start(ECHO_PEER, {});
+        MessagingCenter& screen = MessagingCenter::centerNamed(CenterName::preferences);
+        screen.runServerOnCurrentThread();
+        for (const QString& name : {MessageName::badgeSavedToTmp, QStringLiteral("pong")})
+            screen.registerForMessageName(name, &receiver, [this](const QString&) { ++answers; });
+        while (!MessagingCenter::centerNamed(CenterName::renderer).doesServerExist() ||
+               !MessagingCenter::centerNamed(echoCentre).doesServerExist())
+            QThread::msleep(10);
+        // The renderer answers once unasked when it starts.
+        const int before = answers;
+        while (answers == before)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    ~Peers() {
+        renderer.terminate();
+        echo.terminate();
+        renderer.waitForFinished();
+        echo.waitForFinished();
+    }
+
+    void awaitAnswer(int before) {
+        while (answers == before)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+};
+
+Peers& peers() {
+    static Peers instance;
+    return instance;
+}
+
+// Times each iteration by hand and reports the median and the 99th percentile beside the mean.
+template <typename Exchange> void measure(benchmark::State& state, Exchange exchange) {
+    std::vector<double> samples;
+    QElapsedTimer timer;
+    for (auto _ : state) {
+        timer.start();
+        exchange();
+        const double seconds = double(timer.nsecsElapsed()) / 1e9;
+        state.SetIterationTime(seconds);
+        samples.push_back(seconds * 1e6);
+    }
+    std::sort(samples.begin(), samples.end());
+    state.counters["median_us"] = samples[samples.size() / 2];
+    state.counters["p99_us"] = samples[std::min(samples.size() - 1, samples.size() * 99 / 100)];
+}
+
+void PreviewRoundTrip(benchmark::State& state) {
+    Peers& bus = peers();
+    const QRectF icon(0, 45, 60, 60);
+    measure(state, [&] {
+        const int before = bus.answers;
+        MessagingCenter::centerNamed(CenterName::renderer)
+            .sendMessageName(MessageName::saveBadgeImages);
+        bus.awaitAnswer(before);
+        benchmark::DoNotOptimize(composePreviewBadge(icon, 60));
+    });
+}
+
+void DBusPingPong(benchmark::State& state) {
+    Peers& bus = peers();
+    measure(state, [&] {
+        const int before = bus.answers;
+        MessagingCenter::centerNamed(echoCentre).sendMessageName(QStringLiteral("ping"));
+        bus.awaitAnswer(before);
+    });
+}
+
+BENCHMARK(DBusPingPong)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
+BENCHMARK(PreviewRoundTrip)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
