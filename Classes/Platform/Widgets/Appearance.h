@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+namespace pomwick::Appearance {
+
+// The look shared by the controls: a phone settings app's colours and its system font at sizes
+// given in points (logical pixels).
+QColor tint();
+QColor barBackground();
+QColor hairline();
+QColor groupedBackground();
+QColor sectionHeaderText();
+QColor selectedCellBackground();
+QFont systemFont(int points, QFont::Weight weight = QFont::Normal);
+
+// The process-wide tint of segmented controls, black once the settings screen has set it.
+QColor segmentedControlTint();
+void setSegmentedControlTint(const QColor& colour);
+
+} // namespace pomwick::Appearance

@@ -1,0 +1,44 @@
+#include "Switch.h"
+
+#include <QPainter>
+
+namespace pomwick {
+
+Switch::Switch(QWidget* parent) : QAbstractButton(parent) {
+    setCheckable(true);
+    setCursor(Qt::PointingHandCursor);
+    resize(size);
+    connect(this, &QAbstractButton::clicked, this, &Switch::valueChanged);
+}
+
+void Switch::setOn(bool on, bool /*animated*/) {
+    setChecked(on);
+}
+
+void Switch::setOnTintColor(const QColor& colour) {
+    onTint_ = colour;
+    update();
+}
+
+void Switch::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (!isEnabled())
+        painter.setOpacity(0.5);
+    const QRectF track = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const qreal radius = track.height() / 2;
+    painter.setPen(isOn() ? Qt::NoPen : QPen(QColor(229, 229, 234), 1.5));
+    painter.setBrush(isOn() ? onTint_ : QColor(Qt::white));
+    painter.drawRoundedRect(track, radius, radius);
+    const qreal knob = track.height() - 4;
+    const QRectF thumb(isOn() ? track.right() - knob - 2 : track.left() + 2, track.top() + 2, knob,
+                       knob);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 40));
+    painter.drawEllipse(thumb.translated(0, 1.5));
+    painter.setBrush(Qt::white);
+    painter.setPen(QPen(QColor(0, 0, 0, 25), 0.5));
+    painter.drawEllipse(thumb);
+}
+
+} // namespace pomwick

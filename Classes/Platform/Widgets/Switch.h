@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QColor>
+
+namespace pomwick {
+
+// The on/off switch, 51 x 31 points. valueChanged comes from the user's toggles only.
+class Switch : public QAbstractButton {
+    Q_OBJECT
+public:
+    static constexpr QSize size{51, 31};
+
+    explicit Switch(QWidget* parent = nullptr);
+
+    bool isOn() const { return isChecked(); }
+    void setOn(bool on, bool animated);
+    void setOnTintColor(const QColor& colour);
+
+    QSize sizeHint() const override { return size; }
+
+signals:
+    void valueChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor onTint_{52, 199, 89};
+};
+
+} // namespace pomwick

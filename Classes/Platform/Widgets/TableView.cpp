@@ -1,0 +1,207 @@
+#include "TableView.h"
+
+#include "Appearance.h"
+#include "ViewGeometry.h"
+
+#include <QPainter>
+#include <QPropertyAnimation>
+#include <QScrollBar>
+#include <QTimer>
+#include <cmath>
+
+namespace pomwick {
+namespace {
+
+constexpr qreal sectionGap = 35;
+constexpr qreal bottomMargin = 35;
+
+// The grouped background with a hairline above and below every group of rows.
+class GroupedContent : public QWidget {
+public:
+    using QWidget::QWidget;
+    std::vector<QRectF> groups;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), Appearance::groupedBackground());
+        for (const QRectF& group : groups) {
+            painter.fillRect(QRectF(0, group.top() - 0.5, width(), 0.5), Appearance::hairline());
+            painter.fillRect(QRectF(0, group.bottom(), width(), 0.5), Appearance::hairline());
+        }
+    }
+};
+
+} // namespace
+
+TableView::TableView(QWidget* parent) : QScrollArea(parent), content_(new GroupedContent) {
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidget(content_);
+    setWidgetResizable(false);
+}
+
+void TableView::setTableHeaderView(QWidget* header) {
+    header_ = header;
+    header->setParent(content_);
+    header->show();
+    layoutRows();
+}
+
+qreal TableView::rowWidth() const {
+    return viewport()->width();
+}
+
+void TableView::clear() {
+    for (Section& section : sections_) {
+        delete section.title;
+        for (auto& cell : section.cells)
+            delete cell;
+        delete section.footer;
+    }
+    sections_.clear();
+    selected_.reset();
+}
+
+void TableView::reloadData() {
+    clear();
+    if (dataSource_ == nullptr)
+        return;
+    const int count = dataSource_->numberOfSectionsInTableView(this);
+    for (int section = 0; section < count; ++section) {
+        Section built;
+        const QString title = dataSource_->titleForHeaderInSection(this, section);
+        if (!title.isEmpty()) {
+            built.title = new QLabel(title.toUpper(), content_);
+            built.title->setFont(Appearance::systemFont(13));
+            built.title->setStyleSheet(QString("color: %1; background: transparent;")
+                                           .arg(Appearance::sectionHeaderText().name()));
+        }
+        const int rows = dataSource_->numberOfRowsInSection(this, section);
+        for (int row = 0; row < rows; ++row) {
+            TableViewCell* cell = dataSource_->cellForRowAtIndexPath(this, {section, row});
+            if (cell == nullptr)
+                continue;
+            cell->setParent(content_);
+            connect(cell, &TableViewCell::tapped, this, [this, section, row] {
+                selectRowAtIndexPath({section, row});
+            });
+            built.cells.push_back(cell);
+        }
+        if (QWidget* footer = dataSource_->viewForFooterInSection(this, section)) {
+            footer->setParent(content_);
+            built.footer = footer;
+        }
+        sections_.push_back(std::move(built));
+    }
+    layoutRows();
+    for (const Section& section : sections_) {
+        if (section.title)
+            section.title->show();
+        for (const auto& cell : section.cells)
+            cell->show();
+        if (section.footer)
+            section.footer->show();
+    }
+}
+
+void TableView::layoutRows() {
+    const qreal width = rowWidth();
+    qreal y = 0;
+    if (header_) {
+        setFrame(header_, QRectF(0, 0, width, frame(header_).height()));
+        y = frame(header_).height();
+    }
+    auto* content = static_cast<GroupedContent*>(content_);
+    content->groups.clear();
+    for (Section& section : sections_) {
+        if (section.title)
+            setFrame(section.title, QRectF(15, y + sectionGap - 24, width - 30, 18));
+        y += sectionGap;
+        const qreal top = y;
+        for (size_t i = 0; i < section.cells.size(); ++i) {
+            TableViewCell* cell = section.cells[i];
+            const QRectF cellFrame = frame(cell);
+            setFrame(cell, QRectF(0, y, width, cellFrame.height()));
+            cell->setSeparatorInset(i + 1 < section.cells.size() ? std::optional(separatorInset_)
+                                                                 : std::nullopt);
+            y += cellFrame.height();
+        }
+        if (!section.cells.empty())
+            content->groups.emplace_back(0, top, width, y - top);
+        if (section.footer) {
+            const QRectF footerFrame = frame(section.footer);
+            setFrame(section.footer,
+                     QRectF(footerFrame.x(), y + 8, footerFrame.width(), footerFrame.height()));
+            y += 8 + footerFrame.height();
+        }
+    }
+    content_->resize(int(width), int(std::ceil(y + bottomMargin)));
+    content_->update();
+}
+
+TableViewCell* TableView::cellForRowAtIndexPath(IndexPath indexPath) const {
+    if (indexPath.section < 0 || size_t(indexPath.section) >= sections_.size())
+        return nullptr;
+    const auto& cells = sections_[size_t(indexPath.section)].cells;
+    if (indexPath.row < 0 || size_t(indexPath.row) >= cells.size())
+        return nullptr;
+    return cells[size_t(indexPath.row)];
+}
+
+void TableView::selectRowAtIndexPath(IndexPath indexPath) {
+    if (selected_ && *selected_ != indexPath)
+        deselectRowAtIndexPath(*selected_, false);
+    selected_ = indexPath;
+    if (TableViewCell* cell = cellForRowAtIndexPath(indexPath))
+        cell->setHighlighted(true);
+    if (dataSource_ != nullptr)
+        dataSource_->didSelectRowAtIndexPath(this, indexPath);
+}
+
+void TableView::deselectRowAtIndexPath(IndexPath indexPath, bool animated) {
+    if (selected_ == indexPath)
+        selected_.reset();
+    TableViewCell* cell = cellForRowAtIndexPath(indexPath);
+    if (cell == nullptr)
+        return;
+    if (!animated) {
+        cell->setHighlighted(false);
+        return;
+    }
+    // The highlight fades out as the device's does.
+    QPointer<TableViewCell> fading(cell);
+    QTimer::singleShot(250, cell, [fading] {
+        if (fading)
+            fading->setHighlighted(false);
+    });
+}
+
+void TableView::scrollToRowAtIndexPath(IndexPath indexPath, ScrollPosition position,
+                                       bool animated) {
+    TableViewCell* cell = cellForRowAtIndexPath(indexPath);
+    if (cell == nullptr)
+        return;
+    const QRectF cellFrame = frame(cell);
+    const int target =
+        int(position == ScrollPosition::Top ? cellFrame.top()
+                                            : cellFrame.bottom() - viewport()->height());
+    QScrollBar* bar = verticalScrollBar();
+    const int clamped = std::clamp(target, bar->minimum(), bar->maximum());
+    if (!animated) {
+        bar->setValue(clamped);
+        return;
+    }
+    auto* animation = new QPropertyAnimation(bar, "value", this);
+    animation->setDuration(300);
+    animation->setEndValue(clamped);
+    animation->setEasingCurve(QEasingCurve::OutCubic);
+    animation->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void TableView::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    layoutRows();
+}
+
+} // namespace pomwick

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "TableViewCell.h"
+
+#include <QPointer>
+#include <QScrollArea>
+#include <optional>
+#include <vector>
+
+namespace pomwick {
+
+class TableView;
+
+// What the table asks of its data source and tells its delegate (one object here). The table
+// does not own it: its owner owns the table.
+class TableViewDataSource {
+public:
+    virtual ~TableViewDataSource() = default;
+    virtual int numberOfSectionsInTableView(TableView* table) = 0;
+    virtual int numberOfRowsInSection(TableView* table, int section) = 0;
+    virtual QString titleForHeaderInSection(TableView*, int /*section*/) { return {}; }
+    virtual QWidget* viewForFooterInSection(TableView*, int /*section*/) { return nullptr; }
+    virtual TableViewCell* cellForRowAtIndexPath(TableView* table, IndexPath indexPath) = 0;
+    virtual void didSelectRowAtIndexPath(TableView*, IndexPath) {}
+};
+
+// A grouped table: a header view on top, then for every section a grey title, a white group of
+// rows with hairline separators, and an optional footer view. Every reload asks the data source
+// for the number of sections once and for each section's rows once, and builds every cell anew.
+class TableView : public QScrollArea {
+    Q_OBJECT
+public:
+    enum class ScrollPosition { Top, Bottom };
+
+    explicit TableView(QWidget* parent = nullptr);
+
+    void setDataSource(TableViewDataSource* dataSource) { dataSource_ = dataSource; }
+    void setTableHeaderView(QWidget* header);
+    QWidget* tableHeaderView() const { return header_; }
+    void setSeparatorInset(qreal left) { separatorInset_ = left; }
+
+    // The width every cell gets.
+    qreal rowWidth() const;
+
+    void reloadData();
+    TableViewCell* cellForRowAtIndexPath(IndexPath indexPath) const;
+    std::optional<IndexPath> indexPathForSelectedRow() const { return selected_; }
+    void selectRowAtIndexPath(IndexPath indexPath);
+    void deselectRowAtIndexPath(IndexPath indexPath, bool animated);
+    void scrollToRowAtIndexPath(IndexPath indexPath, ScrollPosition position, bool animated);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    struct Section {
+        QLabel* title = nullptr;
+        std::vector<QPointer<TableViewCell>> cells;
+        QPointer<QWidget> footer;
+    };
+    void layoutRows();
+    void clear();
+
+    TableViewDataSource* dataSource_ = nullptr;
+    QWidget* content_;
+    QPointer<QWidget> header_;
+    std::vector<Section> sections_;
+    std::optional<IndexPath> selected_;
+    qreal separatorInset_ = 15;
+};
+
+} // namespace pomwick

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QImage>
+#include <QLabel>
+#include <QSizeF>
+#include <QWidget>
+#include <optional>
+
+namespace pomwick {
+
+struct IndexPath {
+    int section = 0;
+    int row = 0;
+    friend bool operator==(const IndexPath&, const IndexPath&) = default;
+};
+
+// A row of the default style: an icon on the left and a one-line label beside it. Controls that
+// the screen adds are placed at frames it computes from the cell's size, which the table gives
+// every cell when it is made: its width and the row height of 44 points.
+class TableViewCell : public QWidget {
+    Q_OBJECT
+public:
+    enum class SelectionStyle { None, Default };
+    static constexpr qreal rowHeight = 44;
+    static constexpr qreal indentationWidth = 10;
+
+    TableViewCell(QString reuseIdentifier, QSizeF size);
+
+    QString reuseIdentifier() const { return reuseIdentifier_; }
+    QLabel* textLabel() const { return textLabel_; }
+    QLabel* imageView() const { return imageView_; }
+    void setImage(const QImage& image);
+
+    void setSelectionStyle(SelectionStyle style) { selectionStyle_ = style; }
+    SelectionStyle selectionStyle() const { return selectionStyle_; }
+    // A cell that does not react ignores touches, its controls included.
+    void setUserInteractionEnabled(bool enabled);
+    bool isUserInteractionEnabled() const { return interactionEnabled_; }
+    void setHighlighted(bool highlighted);
+    // The hairline under the row, from this inset to the right edge; none for the last row.
+    void setSeparatorInset(std::optional<qreal> inset);
+    bool isHighlighted() const { return highlighted_; }
+
+signals:
+    void tapped();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void layoutContent();
+
+    QString reuseIdentifier_;
+    QLabel* imageView_;
+    QLabel* textLabel_;
+    SelectionStyle selectionStyle_ = SelectionStyle::Default;
+    bool interactionEnabled_ = true;
+    bool highlighted_ = false;
+    std::optional<qreal> separatorInset_;
+};
+
+} // namespace pomwick

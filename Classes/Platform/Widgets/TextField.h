@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QPointer>
+
+namespace pomwick {
+
+class TextField;
+
+// A range of the text in UTF-16 code units, as the device counts them.
+struct TextRange {
+    int location = 0;
+    int length = 0;
+    friend bool operator==(const TextRange&, const TextRange&) = default;
+};
+
+// What a text field asks and tells the object that edits through it. The field does not own it.
+class TextFieldDelegate {
+public:
+    virtual ~TextFieldDelegate() = default;
+    virtual void textFieldDidBeginEditing(TextField*) {}
+    // Asked before every edit (typing, deleting, pasting, input methods); false refuses it.
+    virtual bool shouldChangeCharactersInRange(TextField*, TextRange,
+                                               const QString& /*replacement*/) {
+        return true;
+    }
+    virtual bool textFieldShouldReturn(TextField*) { return true; }
+};
+
+// A one-line text field with a clear background, a placeholder and an optional view on its
+// right, that asks its delegate before each edit.
+class TextField : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit TextField(QWidget* parent = nullptr);
+
+    void setDelegate(TextFieldDelegate* delegate) { delegate_ = delegate; }
+    TextFieldDelegate* delegate() const { return delegate_; }
+    void setClearsOnBeginEditing(bool clears) { clearsOnBeginEditing_ = clears; }
+    // Shown at the right at all times.
+    void setRightView(QWidget* view);
+    QWidget* rightView() const { return rightView_; }
+    void resignFirstResponder() { clearFocus(); }
+
+    // The edit that turns the current text into `proposed`, as one range and its replacement.
+    static std::pair<TextRange, QString> editBetween(const QString& current,
+                                                     const QString& proposed);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void placeRightView();
+
+    TextFieldDelegate* delegate_ = nullptr;
+    QPointer<QWidget> rightView_;
+    bool clearsOnBeginEditing_ = false;
+};
+
+} // namespace pomwick

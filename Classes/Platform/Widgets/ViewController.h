@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+namespace pomwick {
+
+class NavigationController;
+
+// A bar button: a title and the action it runs when clicked.
+struct BarButtonItem {
+    QString title;
+    std::function<void()> action;
+};
+
+// Owns one screen's view, built on first use by viewDidLoad(), and hears when the navigation
+// stack shows and hides it. The window's size changes reach it as rotations.
+class ViewController : public QObject {
+    Q_OBJECT
+public:
+    ViewController();
+    ~ViewController() override;
+
+    QWidget* view();
+    bool isViewLoaded() const { return view_ != nullptr; }
+
+    QString title() const { return title_; }
+    void setTitle(const QString& title);
+
+    const BarButtonItem* rightBarButtonItem() const { return rightItem_.get(); }
+    void setRightBarButtonItem(BarButtonItem item);
+
+    NavigationController* navigationController() const;
+
+    virtual void viewDidLoad() {}
+    virtual void viewWillAppear(bool /*animated*/) {}
+    virtual void viewDidAppear(bool /*animated*/) {}
+    virtual void viewWillDisappear(bool /*animated*/) {}
+    virtual void viewDidDisappear(bool /*animated*/) {}
+    // fromOrientation: 1 portrait, 3 or 4 landscape (the device's numbering).
+    virtual void didRotateFromInterfaceOrientation(int /*fromOrientation*/) {}
+
+signals:
+    void navigationItemChanged();
+
+private:
+    friend class NavigationController;
+    QPointer<QWidget> view_;
+    QString title_;
+    std::unique_ptr<BarButtonItem> rightItem_;
+    QPointer<NavigationController> navigation_;
+};
+
+} // namespace pomwick
