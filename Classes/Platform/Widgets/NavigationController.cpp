@@ -67,6 +67,7 @@ NavigationController::~NavigationController() {
 void NavigationController::pushViewController(ViewController* controller, bool animated) {
     ViewController* previous = topViewController();
     controller->navigation_ = this;
+    controller->setInitialViewSize(QSize(width(), std::max(0, height() - barHeight)));
     QWidget* view = controller->view();
     if (previous != nullptr && appeared_)
         previous->viewWillDisappear(animated);

@@ -37,6 +37,8 @@ protected:
 TableView::TableView(QWidget* parent) : QScrollArea(parent), content_(new GroupedContent) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Rows span the whole width, as on the phone; the wheel and the keyboard still scroll.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setWidget(content_);
     setWidgetResizable(false);
 }
@@ -48,16 +50,25 @@ void TableView::setTableHeaderView(QWidget* header) {
     layoutRows();
 }
 
+// The table's own width: known as soon as its frame is set, before it is ever shown.
 qreal TableView::rowWidth() const {
-    return viewport()->width();
+    return width();
 }
 
+// Rows go once control returns to the event loop: a reload often starts from a signal of a
+// control inside the very rows it replaces.
 void TableView::clear() {
+    const auto retire = [](QWidget* widget) {
+        if (widget != nullptr) {
+            widget->hide();
+            widget->deleteLater();
+        }
+    };
     for (Section& section : sections_) {
-        delete section.title;
+        retire(section.title);
         for (auto& cell : section.cells)
-            delete cell;
-        delete section.footer;
+            retire(cell);
+        retire(section.footer);
     }
     sections_.clear();
     selected_.reset();

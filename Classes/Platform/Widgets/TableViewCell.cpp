@@ -51,7 +51,7 @@ void TableViewCell::setSeparatorInset(std::optional<qreal> inset) {
 void TableViewCell::layoutContent() {
     const int left = 15;
     int textLeft = left;
-    if (imageView_->isVisible()) {
+    if (!imageView_->isHidden()) {
         imageView_->move(left, (height() - imageView_->height()) / 2);
         textLeft = left + imageView_->width() + 15;
     }

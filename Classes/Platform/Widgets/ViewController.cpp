@@ -13,7 +13,7 @@ ViewController::~ViewController() {
 QWidget* ViewController::view() {
     if (view_ == nullptr) {
         view_ = new QWidget;
-        view_->resize(375, 603);
+        view_->resize(initialViewSize_);
         viewDidLoad();
     }
     return view_;

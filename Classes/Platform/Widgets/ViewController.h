@@ -26,6 +26,8 @@ public:
     ~ViewController() override;
 
     QWidget* view();
+    // The size the view is made with; the navigation stack sets it to the room it has.
+    void setInitialViewSize(QSize size) { initialViewSize_ = size; }
     bool isViewLoaded() const { return view_ != nullptr; }
 
     QString title() const { return title_; }
@@ -50,6 +52,7 @@ signals:
 private:
     friend class NavigationController;
     QPointer<QWidget> view_;
+    QSize initialViewSize_{375, 623};
     QString title_;
     std::unique_ptr<BarButtonItem> rightItem_;
     QPointer<NavigationController> navigation_;

@@ -1,0 +1,65 @@
+// The preview: the screen's message centre, the composed badge over the sample icon, and the
+// layout for the current size.
+#include "BadgeImagePrimitives.h"
+#include "MessageNames.h"
+#include "MessagingCenter.h"
+#include "PomwickPreferencesViewController.h"
+#include "PreviewComposition.h"
+#include "ViewGeometry.h"
+
+#include <QPixmap>
+
+namespace pomwick {
+
+void PomwickPreferencesViewController::registerPreviewMessages() {
+    MessagingCenter& centre = MessagingCenter::centerNamed(CenterName::preferences);
+    if (!centre.doesServerExist())
+        centre.runServerOnCurrentThread();
+    centre.registerForMessageName(MessageName::badgeSavedToTmp, this,
+                                  [this](const QString& name) { handleSimpleMessageNamed(name); });
+    centre.registerForMessageName(MessageName::reloadData, this,
+                                  [this](const QString&) { updateUI(); });
+}
+
+void PomwickPreferencesViewController::handleSimpleMessageNamed(const QString& name) {
+    if (name != MessageName::badgeSavedToTmp || tableHeaderView_ == nullptr)
+        return;
+    const PreviewBadge badge = composePreviewBadge(frame(iconImageView_), iconSize_);
+    auto* badgeView = qobject_cast<QLabel*>(viewWithTag(tableHeaderView_, previewBadgeTag));
+    if (badgeView == nullptr) {
+        badgeView = new QLabel(tableHeaderView_);
+        badgeView->setScaledContents(true);
+        setTag(badgeView, previewBadgeTag);
+        badgeView->show();
+    }
+    setFinalBadgeImage(badge.image);
+    if (badge.frame)
+        setFrame(badgeView, *badge.frame);
+    badgeView->setPixmap(finalBadgeImage_.isNull() ? QPixmap()
+                                                   : QPixmap::fromImage(finalBadgeImage_));
+    badgeView->raise();
+}
+
+void PomwickPreferencesViewController::updateUI() {
+    const QRectF viewBounds = bounds(view());
+    setFrame(mainTableView_, QRectF(0, 0, viewBounds.width(), viewBounds.height()));
+    setFrame(infoLabel_, QRectF(0, 0, viewBounds.width(), 30));
+    const QRectF header = frame(tableHeaderView_);
+    const QRectF icon = frame(iconImageView_);
+    setFrame(iconImageView_, QRectF(QPointF(header.width() / 2 - icon.width() / 2,
+                                            header.height() / 2 + frame(infoLabel_).height() * 0.5 -
+                                                icon.height() / 2),
+                                    icon.size()));
+    reloadTableData();
+}
+
+void PomwickPreferencesViewController::didRotateFromInterfaceOrientation(int) {
+    updateUI();
+}
+
+QImage PomwickPreferencesViewController::imageByCombiningImage(const QImage& first,
+                                                               const QImage& second) const {
+    return pomwick::imageByCombiningImage(first, second);
+}
+
+} // namespace pomwick

@@ -1,0 +1,110 @@
+// The handlers of the row controls: each writes one setting, then rebuilds the table or asks the
+// renderer for a fresh preview.
+#include "AlertView.h"
+#include "MessageNames.h"
+#include "MessagingCenter.h"
+#include "PomwickPreferencesViewController.h"
+#include "RowGeometry.h"
+#include "SegmentedControl.h"
+#include "Settings.h"
+#include "Slider.h"
+#include "Switch.h"
+#include "TextScanning.h"
+#include "ViewGeometry.h"
+
+namespace pomwick {
+namespace {
+
+constexpr IndexPath textRow{1, 1};
+
+void requestPreview() {
+    MessagingCenter::centerNamed(CenterName::renderer)
+        .sendMessageName(MessageName::saveBadgeImages);
+}
+
+void storeBadgeText(const QString& text) {
+    setPreferencesObjectKey(text.toStdString(), SettingsKey::badgeTextFieldText);
+}
+
+// Spaces and tabs only: other white space typed into the field is kept.
+QString trimmedOfSpacesAndTabs(const QString& text) {
+    qsizetype start = 0;
+    qsizetype end = text.size();
+    while (start < end && (text[start] == ' ' || text[start] == '\t'))
+        ++start;
+    while (end > start && (text[end - 1] == ' ' || text[end - 1] == '\t'))
+        --end;
+    return text.mid(start, end - start);
+}
+
+} // namespace
+
+void PomwickPreferencesViewController::switchValueChanged(Switch* sender) {
+    setPreferencesObjectKey(sender->isOn() ? "1" : "0", SettingsKey::enabled);
+    reloadTableData();
+}
+
+void PomwickPreferencesViewController::controlValueChanged(SegmentedControl* sender) {
+    setPreferencesObjectKey(sender->selectedSegmentIndex() != 0 ? "TRUE" : "FALSE",
+                            SettingsKey::badgeVisible);
+    reloadTableData();
+}
+
+void PomwickPreferencesViewController::sliderValueChanged(Slider* sender) {
+    // Only stored while the finger moves: the preview follows when it lifts.
+    switch (tag(sender)) {
+    case 0:
+        setPreferencesObjectKey(formatFloat(sender->value()), SettingsKey::badgeBorderWidth);
+        break;
+    case 1:
+        setPreferencesObjectKey(formatFloat(sender->value()), SettingsKey::badgeAlpha);
+        if (alphaCell_)
+            alphaCell_->textLabel()->setText(
+                QString("Alpha: %1%").arg(RowGeometry::wholePercent(getBadgeAlpha())));
+        break;
+    default:
+        break;
+    }
+}
+
+void PomwickPreferencesViewController::badgeSliderReleased() {
+    requestPreview();
+}
+
+void PomwickPreferencesViewController::alphaSliderReleased() {
+    requestPreview();
+}
+
+void PomwickPreferencesViewController::infoButtonClicked() {
+    AlertView("Tip",
+              "Substitute the \"@\" symbol for the badge number. For example, typing the text "
+              "\"Alert:@\" will display \"Alert:1\" if the badge number is 1.",
+              "Ok")
+        .show();
+}
+
+void PomwickPreferencesViewController::reloadTableData() {
+    mainTableView_->reloadData();
+    requestPreview();
+}
+
+void PomwickPreferencesViewController::textFieldDidBeginEditing(TextField*) {
+    mainTableView_->scrollToRowAtIndexPath(textRow, TableView::ScrollPosition::Top, true);
+}
+
+bool PomwickPreferencesViewController::shouldChangeCharactersInRange(TextField* field,
+                                                                     TextRange range,
+                                                                     const QString& replacement) {
+    storeBadgeText(QString(field->text()).replace(range.location, range.length, replacement));
+    return true;
+}
+
+bool PomwickPreferencesViewController::textFieldShouldReturn(TextField* field) {
+    storeBadgeText(trimmedOfSpacesAndTabs(field->text()));
+    field->resignFirstResponder();
+    mainTableView_->scrollToRowAtIndexPath(textRow, TableView::ScrollPosition::Bottom, true);
+    reloadTableData();
+    return true;
+}
+
+} // namespace pomwick

@@ -1,0 +1,65 @@
+// Building the settings page: background, title, the preview header, the table, "Respring".
+#include "Appearance.h"
+#include "HomeScreen.h"
+#include "NavigationController.h"
+#include "PomwickPreferencesViewController.h"
+#include "PreviewFiles.h"
+#include "ViewGeometry.h"
+
+namespace pomwick {
+
+PomwickPreferencesViewController::PomwickPreferencesViewController() = default;
+
+PomwickPreferencesViewController::~PomwickPreferencesViewController() = default;
+
+void PomwickPreferencesViewController::viewDidLoad() {
+    QWidget* root = view();
+    setBackgroundColour(root, QColor::fromRgbF(0.95, 0.95, 0.95));
+    setTitle("Pomwick");
+
+    // A desktop window has no status bar: the inset is the navigation bar's height.
+    const qreal topInset = NavigationController::barHeight;
+    const QRectF viewFrame = frame(root);
+    if (const auto reported = readReportedIconSize())
+        iconSize_ = *reported;
+
+    tableHeaderView_ = new QWidget;
+    setFrame(tableHeaderView_, QRectF(0, 0, viewFrame.width(), iconSize_ * 3 + 30));
+
+    mainTableView_ = new TableView(root);
+    setFrame(mainTableView_, QRectF(0, 0, viewFrame.width(), viewFrame.height() - topInset));
+    mainTableView_->setTableHeaderView(tableHeaderView_);
+    mainTableView_->setDataSource(this);
+    mainTableView_->setSeparatorInset(0);
+
+    infoLabel_ = new QLabel("Badge Preview", tableHeaderView_);
+    setFrame(infoLabel_, QRectF(0, 0, viewFrame.width(), 30));
+    infoLabel_->setFont(Appearance::systemFont(18));
+    infoLabel_->setAlignment(Qt::AlignCenter);
+    setBackgroundColour(infoLabel_, Qt::white);
+
+    iconImageView_ = new QLabel(tableHeaderView_);
+    iconImageView_->setScaledContents(true);
+    const QRectF header = frame(tableHeaderView_);
+    setFrame(iconImageView_,
+             QRectF(header.center().x() - iconSize_ / 2,
+                    header.center().y() + frame(infoLabel_).height() * 0.5 - iconSize_ / 2,
+                    iconSize_, iconSize_));
+    if (const QImage icon = loadBundleImage(PreviewFile::sampleIcon); !icon.isNull())
+        iconImageView_->setPixmap(QPixmap::fromImage(icon));
+
+    Appearance::setSegmentedControlTint(Qt::black);
+    setRightBarButtonItem({"Respring", [this] {
+                               respring();
+                           }});
+
+    registerPreviewMessages();
+    // In place, the table asks for its rows, which asks the renderer for the first preview.
+    mainTableView_->reloadData();
+}
+
+void PomwickPreferencesViewController::respring() {
+    restartHomeScreen();
+}
+
+} // namespace pomwick

@@ -1,0 +1,258 @@
+// The settings table: four sections, fourteen rows, each built afresh from the settings.
+#include "Appearance.h"
+#include "ColourSwatch.h"
+#include "DevicePaths.h"
+#include "ImageFile.h"
+#include "MessageNames.h"
+#include "MessagingCenter.h"
+#include "PomwickPreferencesViewController.h"
+#include "QtConversions.h"
+#include "RowGeometry.h"
+#include "SegmentedControl.h"
+#include "Settings.h"
+#include "Slider.h"
+#include "Switch.h"
+#include "TextDrawing.h"
+#include "ViewGeometry.h"
+
+#include <QPushButton>
+
+namespace pomwick {
+namespace {
+
+constexpr qreal dimmed = 0.6;
+
+QImage bundleIcon(const char* fileName) {
+    return imageWithContentsOfFile(hostPath(std::string(DevicePath::bundleDirectory) + fileName));
+}
+
+void dim(TableViewCell* cell, bool isDimmed) {
+    setAlpha(cell->textLabel(), isDimmed ? dimmed : 1.0);
+    setAlpha(cell->imageView(), isDimmed ? dimmed : 1.0);
+}
+
+QSizeF cellSize(const TableViewCell* cell) {
+    return frame(cell).size();
+}
+
+} // namespace
+
+int PomwickPreferencesViewController::numberOfSectionsInTableView(TableView*) {
+    return 4;
+}
+
+int PomwickPreferencesViewController::numberOfRowsInSection(TableView*, int section) {
+    // Every time the table lays itself out, the renderer is asked for a fresh preview.
+    MessagingCenter::centerNamed(CenterName::renderer)
+        .sendMessageName(MessageName::saveBadgeImages);
+    static constexpr int rows[] = {1, 8, 1, 4};
+    return section >= 0 && section < 4 ? rows[section] : 0;
+}
+
+QString PomwickPreferencesViewController::titleForHeaderInSection(TableView*, int section) {
+    switch (section) {
+    case 0:
+        return "Enabled";
+    case 1:
+        return "Badge";
+    case 2:
+        return "Reset";
+    case 3:
+        return "Contact Us / Donate";
+    default:
+        return {};
+    }
+}
+
+QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView* table, int section) {
+    if (section != numberOfSectionsInTableView(table) - 1)
+        return nullptr;
+    const QRectF labelFrame(0, 0, frame(view()).width(), 40);
+    auto* footer = new QWidget;
+    setFrame(footer, labelFrame);
+    auto* label =
+        new QLabel("Crafted with care by the Pomwick developers, 2026\nPomwick v1.3.1", footer);
+    setFrame(label, labelFrame);
+    label->setAlignment(Qt::AlignCenter);
+    label->setFont(Appearance::systemFont(13));
+    label->setStyleSheet("color: #aaaaaa; background: transparent;");
+    return footer;
+}
+
+TableViewCell* PomwickPreferencesViewController::makeCell(const QString& reuseIdentifier,
+                                                          const QString& text,
+                                                          const char* iconFile) const {
+    auto* cell = new TableViewCell(reuseIdentifier,
+                                   QSizeF(mainTableView_->rowWidth(), TableViewCell::rowHeight));
+    cell->textLabel()->setText(text);
+    cell->setImage(bundleIcon(iconFile));
+    return cell;
+}
+
+TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView*, IndexPath path) {
+    const bool enabled = getEnabled();
+    const bool available = enabled && getBadgeVisible();
+    if (path.section == 0 && path.row == 0)
+        return enabledCell();
+    if (path.section == 1) {
+        switch (path.row) {
+        case 0:
+            return visibilityCell();
+        case 1:
+            return textCell(available);
+        case 2: {
+            const auto font = getBadgeFont();
+            TableViewCell* cell = makeCell(
+                "Cell4", "Font: " + (font ? QString::fromStdString(font->name) : QString("(null)")),
+                "Font.png");
+            dim(cell, !available);
+            cell->setUserInteractionEnabled(available);
+            return cell;
+        }
+        case 3:
+            return colourCell("Cell5", "Background Color:", "Palete.png", available,
+                              toQColor(getBadgeBackgroundColor()));
+        case 4: {
+            const BadgeLocation location = getBadgeLocation();
+            TableViewCell* cell = makeCell("Cell6",
+                                           QString("Position: %1%, %2%")
+                                               .arg(RowGeometry::wholePercent(location.x))
+                                               .arg(RowGeometry::wholePercent(location.y)),
+                                           "Axis.png");
+            dim(cell, !available);
+            cell->setUserInteractionEnabled(available);
+            return cell;
+        }
+        case 5:
+            return colourCell("Cell7", "Border Color:", "Border.png", available,
+                              toQColor(getBadgeBorderColor()));
+        case 6:
+            return sliderCell("Cell8", "Border Width:", "Width.png", available, 0, 1.0f, 2.0f,
+                              getBadgeBorderWidth(), "Border Width:");
+        case 7: {
+            const float alpha = getBadgeAlpha();
+            alphaCell_ =
+                sliderCell("Cell9", QString("Alpha: %1%").arg(RowGeometry::wholePercent(alpha)),
+                           "Transparency.png", available, 1, 0.0f, 1.0f, alpha, "Alpha: 100%");
+            return alphaCell_;
+        }
+        default:
+            return nullptr;
+        }
+    }
+    if (path.section == 2 && path.row == 0)
+        return makeCell("Cell10", "Restore Defaults", "Restore.png");
+    if (path.section == 3) {
+        switch (path.row) {
+        case 0:
+            return makeCell("Cell11", "Contact Us", "Mail.png");
+        case 1:
+            return makeCell("Cell12", "Follow on Twitter", "Twitter.png");
+        case 2:
+            return makeCell("Cell13", "View My Other Tweaks", "Wrench.png");
+        case 3: {
+            TableViewCell* cell = makeCell("Cell14", "Donate", "Money.png");
+            cell->textLabel()->setStyleSheet("color: #0000ff;");
+            return cell;
+        }
+        default:
+            return nullptr;
+        }
+    }
+    return nullptr;
+}
+
+TableViewCell* PomwickPreferencesViewController::enabledCell() {
+    TableViewCell* cell = makeCell("Cell1", "Enabled:", "Enabled.png");
+    cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
+    auto* toggle = new Switch(cell);
+    toggle->setOnTintColor(Qt::black);
+    toggle->setOn(getEnabled(), false);
+    setFrame(toggle, RowGeometry::switchFrame(cellSize(cell), QSizeF(Switch::size)));
+    connect(toggle, &Switch::valueChanged, this, [this, toggle] { switchValueChanged(toggle); });
+    return cell;
+}
+
+TableViewCell* PomwickPreferencesViewController::visibilityCell() {
+    const bool enabled = getEnabled();
+    TableViewCell* cell = makeCell("Cell2", "Visibility:", "Eye.png");
+    cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
+    auto* control = new SegmentedControl({"Hide", "Show"}, cell);
+    control->setSelectedSegmentIndex(getBadgeVisible() ? 1 : 0);
+    control->setEnabled(enabled);
+    control->setTintColor(Qt::black);
+    setFrame(control, RowGeometry::segmentedControlFrame(cellSize(cell)));
+    connect(control, &SegmentedControl::valueChanged, this,
+            [this, control] { controlValueChanged(control); });
+    dim(cell, !enabled);
+    cell->setUserInteractionEnabled(enabled);
+    return cell;
+}
+
+TableViewCell* PomwickPreferencesViewController::textCell(bool available) {
+    TableViewCell* cell = makeCell("Cell3", "Text:", "Article.png");
+    cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
+    auto* field = new TextField(cell);
+    field->setText(QString::fromStdString(getBadgeTextFieldText()));
+    field->setPlaceholderText("Badge Text");
+    field->setDelegate(this);
+    field->setEnabled(available);
+    auto* info = new QPushButton(field);
+    info->setFlat(true);
+    info->setFixedSize(20, 20);
+    info->setIcon(QIcon(QPixmap::fromImage(bundleIcon("Info.png"))));
+    info->setIconSize(QSize(20, 20));
+    info->setStyleSheet("QPushButton { border: none; background: transparent; }");
+    info->setCursor(Qt::PointingHandCursor);
+    connect(info, &QPushButton::clicked, this, [this] { infoButtonClicked(); });
+    field->setRightView(info);
+    const qreal textWidth = sizeWithAttributes("Text:", cell->textLabel()->font()).width();
+    setFrame(field, RowGeometry::textFieldFrame(cellSize(cell), textWidth,
+                                                TableViewCell::indentationWidth));
+    badgeTextTextField_ = field;
+    dim(cell, !available);
+    return cell;
+}
+
+TableViewCell* PomwickPreferencesViewController::colourCell(const QString& reuseIdentifier,
+                                                            const QString& text,
+                                                            const char* iconFile, bool available,
+                                                            const QColor& colour) {
+    TableViewCell* cell = makeCell(reuseIdentifier, text, iconFile);
+    auto* swatch = new ColourSwatch(colour, cell);
+    setFrame(swatch, RowGeometry::colourSwatchFrame(cellSize(cell)));
+    dim(cell, !available);
+    cell->setUserInteractionEnabled(available);
+    return cell;
+}
+
+TableViewCell* PomwickPreferencesViewController::sliderCell(
+    const QString& reuseIdentifier, const QString& text, const char* iconFile, bool available,
+    int sliderTag, float minimum, float maximum, float value, const QString& measuredText) {
+    TableViewCell* cell = makeCell(reuseIdentifier, text, iconFile);
+    cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
+    auto* slider = new Slider(cell);
+    setTag(slider, sliderTag);
+    slider->setMinimumValue(minimum);
+    slider->setMaximumValue(maximum);
+    slider->setValue(value, true);
+    slider->setEnabled(available);
+    const qreal textWidth = sizeWithAttributes(measuredText, cell->textLabel()->font()).width();
+    const qreal iconWidth = cell->imageView()->isHidden() ? 0 : cell->imageView()->width();
+    setFrame(slider,
+             RowGeometry::sliderFrame(cellSize(cell), textWidth, iconWidth, Slider::height));
+    connect(slider, &Slider::valueChanged, this, [this, slider] { sliderValueChanged(slider); });
+    const auto released = sliderTag == 0 ? &PomwickPreferencesViewController::badgeSliderReleased
+                                         : &PomwickPreferencesViewController::alphaSliderReleased;
+    connect(slider, &Slider::touchUpInside, this, released);
+    connect(slider, &Slider::touchUpOutside, this, released);
+    dim(cell, !available);
+    cell->setUserInteractionEnabled(available);
+    return cell;
+}
+
+void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table, IndexPath path) {
+    table->deselectRowAtIndexPath(path, true);
+}
+
+} // namespace pomwick

@@ -1,0 +1,27 @@
+#include "BundleLoader.h"
+
+#include "DevicePaths.h"
+#include "ImageFile.h"
+
+#include <QJsonObject>
+#include <QPluginLoader>
+
+namespace pomwick {
+
+LoadedBundle loadPreferenceBundle() {
+    const auto folder = hostPath(DevicePath::bundleDirectory);
+    const QString path = QString::fromStdString((folder / "PomwickPreferences.so").string());
+    QPluginLoader loader(path);
+    LoadedBundle loaded;
+    const QJsonObject metadata = loader.metaData().value("MetaData").toObject();
+    loaded.name = metadata.value("name").toString("Pomwick");
+    loaded.icon = imageWithContentsOfFile(folder / metadata.value("icon").toString().toStdString());
+    QObject* instance = loader.instance();
+    loaded.bundle = qobject_cast<PreferenceBundle*>(instance);
+    if (loaded.bundle == nullptr)
+        loaded.error = instance == nullptr ? loader.errorString()
+                                           : QString("%1 is not a preference bundle").arg(path);
+    return loaded;
+}
+
+} // namespace pomwick

@@ -1,0 +1,49 @@
+#include "SettingsListController.h"
+
+#include "Appearance.h"
+#include "NavigationController.h"
+#include "ViewGeometry.h"
+
+namespace pomwick {
+
+SettingsListController::SettingsListController(LoadedBundle bundle) : bundle_(std::move(bundle)) {}
+
+void SettingsListController::viewDidLoad() {
+    setTitle("Settings");
+    table_ = new TableView(view());
+    setFrame(table_, bounds(view()));
+    table_->setDataSource(this);
+    table_->reloadData();
+}
+
+void SettingsListController::openBundle(bool animated) {
+    if (bundle_.bundle != nullptr && navigationController() != nullptr)
+        navigationController()->pushViewController(bundle_.bundle->makePrincipalController(),
+                                                   animated);
+}
+
+QWidget* SettingsListController::viewForFooterInSection(TableView* table, int) {
+    if (bundle_.bundle != nullptr)
+        return nullptr;
+    auto* label = new QLabel("The settings bundle could not be loaded:\n" + bundle_.error);
+    label->setWordWrap(true);
+    label->setFont(Appearance::systemFont(13));
+    label->setStyleSheet("color: #c0392b; background: transparent;");
+    setFrame(label, QRectF(15, 0, table->rowWidth() - 30, 80));
+    return label;
+}
+
+TableViewCell* SettingsListController::cellForRowAtIndexPath(TableView* table, IndexPath) {
+    auto* cell = new TableViewCell("Bundle", QSizeF(table->rowWidth(), TableViewCell::rowHeight));
+    cell->textLabel()->setText(bundle_.name);
+    cell->setImage(bundle_.icon.scaled(58, 58, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    cell->setUserInteractionEnabled(bundle_.bundle != nullptr);
+    return cell;
+}
+
+void SettingsListController::didSelectRowAtIndexPath(TableView* table, IndexPath indexPath) {
+    table->deselectRowAtIndexPath(indexPath, true);
+    openBundle(true);
+}
+
+} // namespace pomwick
