@@ -7,6 +7,7 @@ namespace pomwick {
 
 // A round swatch of a colour with a thin black rim, as the colour rows show it.
 class ColourSwatch : public QWidget {
+    Q_OBJECT
 public:
     ColourSwatch(const QColor& colour, QWidget* parent);
     QColor colour() const { return colour_; }

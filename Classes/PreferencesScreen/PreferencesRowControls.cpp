@@ -95,7 +95,8 @@ void PomwickPreferencesViewController::textFieldDidBeginEditing(TextField*) {
 bool PomwickPreferencesViewController::shouldChangeCharactersInRange(TextField* field,
                                                                      TextRange range,
                                                                      const QString& replacement) {
-    storeBadgeText(QString(field->text()).replace(range.location, range.length, replacement));
+    // The text as it stood before this edit: the range is relative to it.
+    storeBadgeText(field->acceptedText().replace(range.location, range.length, replacement));
     return true;
 }
 

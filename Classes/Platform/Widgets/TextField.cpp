@@ -13,8 +13,10 @@ class EditGate : public QValidator {
 public:
     explicit EditGate(TextField* field) : QValidator(field), field_(field) {}
 
+    // The line edit has already applied the edit when it asks: compare with the text as it
+    // stood before, and a refusal makes it undo the edit.
     State validate(QString& proposed, int&) const override {
-        const QString current = field_->text();
+        const QString current = field_->acceptedText();
         if (proposed == current || field_->delegate() == nullptr)
             return Acceptable;
         const auto [range, replacement] = TextField::editBetween(current, proposed);
@@ -34,6 +36,8 @@ TextField::TextField(QWidget* parent) : QLineEdit(parent) {
     setFont(Appearance::systemFont(17));
     setStyleSheet("QLineEdit { background: transparent; border: none; }");
     setValidator(new EditGate(this));
+    connect(this, &QLineEdit::textChanged, this,
+            [this](const QString& text) { acceptedText_ = text; });
     connect(this, &QLineEdit::returnPressed, this, [this] {
         if (delegate_ != nullptr)
             delegate_->textFieldShouldReturn(this);

@@ -41,6 +41,8 @@ public:
     void setRightView(QWidget* view);
     QWidget* rightView() const { return rightView_; }
     void resignFirstResponder() { clearFocus(); }
+    // The text as it stood after the last edit that was allowed.
+    QString acceptedText() const { return acceptedText_; }
 
     // The edit that turns the current text into `proposed`, as one range and its replacement.
     static std::pair<TextRange, QString> editBetween(const QString& current,
@@ -56,6 +58,7 @@ private:
     TextFieldDelegate* delegate_ = nullptr;
     QPointer<QWidget> rightView_;
     bool clearsOnBeginEditing_ = false;
+    QString acceptedText_;
 };
 
 } // namespace pomwick

@@ -1,0 +1,65 @@
+#include "ScreenFixture.h"
+#include "Slider.h"
+
+#include <QProcess>
+#include <QTest>
+
+using namespace pomwick;
+
+namespace {
+
+// Counts, with dbus-monitor (not our code), the requests for a fresh preview on the bus.
+class SaveRequests : public test::ScreenFixture {
+protected:
+    void SetUp() override {
+        ScreenFixture::SetUp();
+        monitor.start("dbus-monitor", {"--session", "interface='com.velquor.pomwick'"});
+        ASSERT_TRUE(monitor.waitForStarted(5000));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return monitor.waitForReadyRead(50); }, 5000));
+        seen = monitor.readAll();
+    }
+    void TearDown() override {
+        monitor.kill();
+        monitor.waitForFinished();
+        ScreenFixture::TearDown();
+    }
+    // Waits until the monitor has seen `expected` requests in all, or a little longer.
+    qsizetype requests(qsizetype expected) {
+        (void)QTest::qWaitFor(
+            [&] {
+                seen += monitor.readAll();
+                return seen.count("member=saveBadgeImages") >= expected;
+            },
+            3000);
+        QTest::qWait(150);
+        seen += monitor.readAll();
+        return seen.count("member=saveBadgeImages");
+    }
+
+    QProcess monitor;
+    QByteArray seen;
+};
+
+} // namespace
+
+TEST_F(SaveRequests, OnePerSectionPerReloadOneMorePerRebuildAndOnePerRelease) {
+    open();
+    EXPECT_EQ(requests(4), 4);
+    screen->reloadTableData();
+    EXPECT_EQ(requests(9), 9);
+
+    screen->view()->show();
+    Slider* alphaSlider = control<Slider>(1, 7);
+    QTest::mousePress(alphaSlider, Qt::LeftButton, {}, QPoint(10, 15));
+    for (int x = 20; x < alphaSlider->width(); x += 20)
+        QTest::mouseMove(alphaSlider, QPoint(x, 15));
+    EXPECT_EQ(requests(10), 9);
+    QTest::mouseRelease(alphaSlider, Qt::LeftButton, {}, QPoint(alphaSlider->width() - 5, 15));
+    EXPECT_EQ(requests(10), 10);
+
+    Slider* border = control<Slider>(1, 6);
+    QTest::mousePress(border, Qt::LeftButton, {}, QPoint(10, 15));
+    QTest::mouseMove(border, QPoint(60, 15));
+    QTest::mouseRelease(border, Qt::LeftButton, {}, QPoint(60, 400));
+    EXPECT_EQ(requests(11), 11);
+}

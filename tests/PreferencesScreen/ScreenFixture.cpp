@@ -1,0 +1,48 @@
+#include "ScreenFixture.h"
+
+#include "BundleInstallation.h"
+#include "DevicePaths.h"
+#include "PlistDictionary.h"
+#include "PrivateSessionBus.h"
+
+#include <QCoreApplication>
+
+namespace pomwick::test {
+
+void ScreenFixture::SetUp() {
+    PrivateSessionBus::address();
+    ASSERT_FALSE(installBundleIntoDeviceRoot());
+}
+
+void ScreenFixture::TearDown() {
+    screen.reset();
+    // Rows retired by reloads are deleted once the event loop runs.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+PomwickPreferencesViewController& ScreenFixture::open() {
+    screen = std::make_unique<PomwickPreferencesViewController>();
+    screen->setInitialViewSize(QSize(375, 623));
+    screen->view();
+    return *screen;
+}
+
+TableViewCell* ScreenFixture::cell(int section, int row) const {
+    TableViewCell* found = screen->table()->cellForRowAtIndexPath({section, row});
+    EXPECT_NE(found, nullptr) << section << "," << row;
+    return found;
+}
+
+QString ScreenFixture::text(int section, int row) const {
+    return cell(section, row)->textLabel()->text();
+}
+
+std::string ScreenFixture::stored(std::string_view key) const {
+    const auto dictionary = PlistDictionary::readFromFile(hostPath(DevicePath::preferencesFile));
+    if (!dictionary)
+        return "(no file)";
+    const auto value = dictionary->lookup(key);
+    return value ? value->text : "(missing)";
+}
+
+} // namespace pomwick::test

@@ -1,0 +1,140 @@
+#include "ColourSwatch.h"
+#include "ScreenFixture.h"
+#include "SegmentedControl.h"
+#include "Settings.h"
+#include "Slider.h"
+#include "Switch.h"
+#include "TextDrawing.h"
+#include "ViewGeometry.h"
+
+using namespace pomwick;
+using Table = pomwick::test::ScreenFixture;
+
+namespace {
+
+const int badgeSection = 1;
+
+bool isDimmed(const TableViewCell* cell) {
+    const qreal label = alpha(cell->textLabel());
+    EXPECT_EQ(label, alpha(cell->imageView()));
+    return label == 0.6;
+}
+
+} // namespace
+
+TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
+    open();
+    const QStringList expected[] = {
+        {"Enabled:"},
+        {"Visibility:", "Text:", "Font: Verdana", "Background Color:", "Position: 0%, 0%",
+         "Border Color:", "Border Width:", "Alpha: 100%"},
+        {"Restore Defaults"},
+        {"Contact Us", "Follow on Twitter", "View My Other Tweaks", "Donate"},
+    };
+    const QString titles[] = {"Enabled", "Badge", "Reset", "Contact Us / Donate"};
+    int reuse = 1;
+    for (int section = 0; section < 4; ++section) {
+        EXPECT_EQ(screen->titleForHeaderInSection(screen->table(), section), titles[section]);
+        EXPECT_EQ(screen->viewForFooterInSection(screen->table(), section) != nullptr,
+                  section == 3);
+        for (int row = 0; row < expected[section].size(); ++row) {
+            EXPECT_EQ(text(section, row), expected[section][row]);
+            EXPECT_EQ(cell(section, row)->reuseIdentifier(), QString("Cell%1").arg(reuse++));
+            EXPECT_FALSE(isDimmed(cell(section, row)));
+            EXPECT_TRUE(cell(section, row)->isUserInteractionEnabled());
+        }
+    }
+    EXPECT_EQ(screen->table()->cellForRowAtIndexPath({4, 0}), nullptr);
+    EXPECT_EQ(screen->numberOfRowsInSection(screen->table(), 7), 0);
+
+    EXPECT_TRUE(control<Switch>(0, 0)->isOn());
+    EXPECT_EQ(control<SegmentedControl>(1, 0)->selectedSegmentIndex(), 1);
+    EXPECT_EQ(control<TextField>(1, 1)->text(), "");
+    EXPECT_EQ(control<TextField>(1, 1)->placeholderText(), "Badge Text");
+    EXPECT_EQ(control<ColourSwatch>(1, 3)->colour(), QColor(Qt::white));
+    EXPECT_EQ(control<ColourSwatch>(1, 5)->colour(), QColor(Qt::black));
+    EXPECT_FLOAT_EQ(control<Slider>(1, 6)->value(), 1.2f);
+    EXPECT_EQ(tag(control<Slider>(1, 6)), 0);
+    EXPECT_EQ(tag(control<Slider>(1, 7)), 1);
+    EXPECT_EQ(screen->alphaCell(), cell(1, 7));
+    EXPECT_EQ(cell(3, 3)->textLabel()->styleSheet(), "color: #0000ff;");
+}
+
+TEST_F(Table, SwitchedOffDimsEveryBadgeRowAndDisablesItsControls) {
+    setPreferencesObjectKey("0", SettingsKey::enabled);
+    open();
+    EXPECT_FALSE(control<Switch>(0, 0)->isOn());
+    EXPECT_FALSE(isDimmed(cell(0, 0)));
+    for (int row = 0; row < 8; ++row)
+        EXPECT_TRUE(isDimmed(cell(badgeSection, row))) << row;
+    EXPECT_FALSE(cell(1, 0)->isUserInteractionEnabled());
+    EXPECT_FALSE(control<SegmentedControl>(1, 0)->isEnabled());
+    EXPECT_FALSE(control<TextField>(1, 1)->isEnabled());
+    EXPECT_FALSE(control<Slider>(1, 6)->isEnabled());
+    EXPECT_FALSE(control<Slider>(1, 7)->isEnabled());
+    for (int row : {2, 3, 4, 5, 6, 7})
+        EXPECT_FALSE(cell(badgeSection, row)->isUserInteractionEnabled()) << row;
+    EXPECT_TRUE(cell(2, 0)->isUserInteractionEnabled());
+}
+
+TEST_F(Table, HiddenBadgesDimAllButTheVisibilityRow) {
+    setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
+    open();
+    EXPECT_FALSE(isDimmed(cell(1, 0)));
+    EXPECT_TRUE(cell(1, 0)->isUserInteractionEnabled());
+    EXPECT_TRUE(control<SegmentedControl>(1, 0)->isEnabled());
+    EXPECT_EQ(control<SegmentedControl>(1, 0)->selectedSegmentIndex(), 0);
+    for (int row = 1; row < 8; ++row)
+        EXPECT_TRUE(isDimmed(cell(badgeSection, row))) << row;
+    EXPECT_FALSE(control<TextField>(1, 1)->isEnabled());
+    EXPECT_FALSE(control<Slider>(1, 7)->isEnabled());
+}
+
+TEST_F(Table, RowsShowTheStoredValuesAndAnotherProgramsChangesAtTheNextRebuild) {
+    setPreferencesObjectKey("0.255000,0.500000", SettingsKey::badgeLocation);
+    setPreferencesObjectKey("0.505000", SettingsKey::badgeAlpha);
+    setPreferencesObjectKey("Qwertyfont", SettingsKey::badgeFont);
+    open();
+    EXPECT_EQ(text(1, 4), "Position: 25%, 50%");
+    EXPECT_EQ(text(1, 7), "Alpha: 50%");
+    EXPECT_EQ(text(1, 2), "Font: (null)");
+
+    setPreferencesObjectKey("DejaVuSans-Bold", SettingsKey::badgeFont);
+    setPreferencesObjectKey("1.000000,0.000000,0.000000,1.000000", SettingsKey::badgeBorderColor);
+    setPreferencesObjectKey(" @ ", SettingsKey::badgeTextFieldText);
+    EXPECT_EQ(text(1, 2), "Font: (null)");
+    screen->reloadTableData();
+    EXPECT_EQ(text(1, 2), "Font: DejaVuSans-Bold");
+    EXPECT_EQ(control<ColourSwatch>(1, 5)->colour(), QColor(Qt::red));
+    EXPECT_EQ(control<TextField>(1, 1)->text(), " @ ");
+}
+
+TEST_F(Table, ControlsArePlacedFromTheCellsSize) {
+    open();
+    const QSizeF size = frame(cell(0, 0)).size();
+    EXPECT_EQ(size, QSizeF(375, 44));
+    EXPECT_EQ(frame(control<Switch>(0, 0)), QRectF(375 - 71, 6, 51, 31));
+    EXPECT_EQ(frame(control<SegmentedControl>(1, 0)), QRectF(255, 5, 100, 34));
+    EXPECT_EQ(frame(control<ColourSwatch>(1, 3)), QRectF(375 - 34 - 15, 5, 34, 34));
+    // The alpha slider measures the widest label it will show, so it never moves.
+    const QFont font = cell(1, 7)->textLabel()->font();
+    const qreal x0 =
+        std::trunc(std::trunc(sizeWithAttributes("Alpha: 100%", font).width()) + 40 + 29);
+    EXPECT_EQ(frame(control<Slider>(1, 7)), QRectF(x0, 6, 375 - (x0 + 10), 31));
+    const qreal fieldX = std::trunc(20 + sizeWithAttributes("Text:", font).width() + 50);
+    EXPECT_EQ(frame(control<TextField>(1, 1)), QRectF(fieldX, 0, 375 - (fieldX + 20), 44));
+}
+
+TEST_F(Table, HeaderIsSizedFromTheReportedIconSize) {
+    root.writeFile("/tmp/iconSize.txt", "60");
+    open();
+    EXPECT_EQ(screen->iconSize(), 60);
+    EXPECT_EQ(frame(screen->tableHeaderView()).height(), 210);
+    EXPECT_EQ(frame(screen->iconImageView()), QRectF(375 / 2.0 - 30, 105 + 15 - 30, 60, 60));
+    EXPECT_EQ(screen->infoLabel()->text(), "Badge Preview");
+
+    root.writeFile("/tmp/iconSize.txt", "abc");
+    open();
+    EXPECT_EQ(screen->iconSize(), 0);
+    EXPECT_EQ(frame(screen->tableHeaderView()).height(), 30);
+}
