@@ -17,7 +17,7 @@ public:
     // stood before, and a refusal makes it undo the edit.
     State validate(QString& proposed, int&) const override {
         const QString current = field_->acceptedText();
-        if (proposed == current || field_->delegate() == nullptr)
+        if (proposed == current || field_->delegate() == nullptr || field_->isSettingText())
             return Acceptable;
         const auto [range, replacement] = TextField::editBetween(current, proposed);
         return field_->delegate()->shouldChangeCharactersInRange(field_, range, replacement)
@@ -56,6 +56,12 @@ std::pair<TextRange, QString> TextField::editBetween(const QString& current,
         ++suffix;
     const TextRange range{int(prefix), int(current.size() - prefix - suffix)};
     return {range, proposed.mid(prefix, proposed.size() - prefix - suffix)};
+}
+
+void TextField::setText(const QString& text) {
+    settingText_ = true;
+    QLineEdit::setText(text);
+    settingText_ = false;
 }
 
 void TextField::setRightView(QWidget* view) {

@@ -35,6 +35,8 @@ public:
     explicit TextField(QWidget* parent = nullptr);
 
     void setDelegate(TextFieldDelegate* delegate) { delegate_ = delegate; }
+    // Text set from code is not an edit: the delegate is not asked about it.
+    void setText(const QString& text);
     TextFieldDelegate* delegate() const { return delegate_; }
     void setClearsOnBeginEditing(bool clears) { clearsOnBeginEditing_ = clears; }
     // Shown at the right at all times.
@@ -43,6 +45,7 @@ public:
     void resignFirstResponder() { clearFocus(); }
     // The text as it stood after the last edit that was allowed.
     QString acceptedText() const { return acceptedText_; }
+    bool isSettingText() const { return settingText_; }
 
     // The edit that turns the current text into `proposed`, as one range and its replacement.
     static std::pair<TextRange, QString> editBetween(const QString& current,
@@ -58,6 +61,7 @@ private:
     TextFieldDelegate* delegate_ = nullptr;
     QPointer<QWidget> rightView_;
     bool clearsOnBeginEditing_ = false;
+    bool settingText_ = false;
     QString acceptedText_;
 };
 
