@@ -8,7 +8,7 @@ packages=(
     qt6-base-dev qt6-base-dev-tools libgl-dev
     libplist-dev libplist-utils libfontconfig-dev fontconfig fonts-dejavu-core fonts-liberation2
     libgtest-dev libgmock-dev libbenchmark-dev
-    dbus-daemon dbus-bin libglib2.0-bin
+    dbus-daemon dbus-bin dbus-x11 libglib2.0-bin
     xvfb xauth xdotool x11-utils imagemagick
     adwaita-icon-theme librsvg2-bin locales-all
 )

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# The real programs in a real X window: a private X server and session bus, the renderer and the
+# settings window; xdotool clicks the switch, drags the alpha slider, types a badge text and
+# presses Return; then the settings file is checked and the window photographed.
+#   SettingsWindowEndToEnd.sh BUILD_DIR SCREENSHOT.png
+set -euo pipefail
+build=$1
+screenshot=$2
+export LC_ALL=C.UTF-8
+root=$(mktemp -d)
+work=$(mktemp -d)
+cleanup() {
+    kill "${host:-}" "${renderer:-}" 2>/dev/null || true
+    [ -n "${xserver:-}" ] && kill "$xserver" 2>/dev/null || true
+    rm -rf "$root" "$work"
+}
+trap cleanup EXIT
+
+fail() { echo "FAIL: $*" >&2; exit 1; }
+setting() { "$build/Tools/pomwick-defaults" --root "$root" read "$1"; }
+
+Xvfb -displayfd 3 -screen 0 1024x900x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
+xserver=$!
+for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.05; done
+export DISPLAY=":$(cat "$work/display")"
+eval "$(dbus-launch --sh-syntax)"
+trap 'cleanup; kill "$DBUS_SESSION_BUS_PID" 2>/dev/null || true' EXIT
+
+"$build/Renderer/pomwick-renderer" --root "$root" 2>/dev/null &
+renderer=$!
+"$build/Host/pomwick-settings" --root "$root" 2>/dev/null &
+host=$!
+window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1)
+[ -n "$window" ] || fail "the settings window did not appear"
+eval "$(xdotool getwindowgeometry --shell "$window")"
+sleep 1
+at() { xdotool mousemove --sync $((X + $1)) $((Y + $2)); }
+
+# Rows of a 414-point-wide window: bar 44, header 3 x 60 + 30, section gaps 35, rows 44.
+enabled_row=$((44 + 210 + 35 + 22))
+text_row=$((44 + 210 + 35 + 44 + 35 + 44 + 22))
+alpha_row=$((44 + 210 + 35 + 44 + 35 + 7 * 44 + 22))
+
+at 368 "$enabled_row"; xdotool click 1; sleep 0.4
+[ "$(setting ENABLED)" = false ] || fail "the switch did not store ENABLED = 0"
+at 368 "$enabled_row"; xdotool click 1; sleep 0.4
+[ "$(setting ENABLED)" = true ] || fail "the switch did not store ENABLED = 1"
+
+at 390 "$alpha_row"; xdotool mousedown 1
+for x in 370 340 310 280 260; do at "$x" "$alpha_row"; sleep 0.05; done
+xdotool mouseup 1; sleep 0.4
+alpha=$(setting BADGE_ALPHA)
+awk -v a="$alpha" 'BEGIN { exit !(a > 0.3 && a < 0.9) }' || fail "dragging the slider stored BADGE_ALPHA = $alpha"
+
+at 250 "$text_row"; xdotool click 1; sleep 0.6
+xdotool type --delay 40 '  Hi@ '
+xdotool key Return; sleep 1
+[ "$(setting BADGE_TEXT_FIELD_TEXT)" = "Hi@" ] || fail "Return stored '$(setting BADGE_TEXT_FIELD_TEXT)', not 'Hi@'"
+
+import -display "$DISPLAY" -window root -crop "${WIDTH}x${HEIGHT}+${X}+${Y}" "$screenshot"
+[ -s "$screenshot" ] || fail "no screenshot"
+echo "settings window end to end: 1 passed, 0 failed"
