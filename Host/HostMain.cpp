@@ -1,5 +1,5 @@
 // pomwick-settings: a Settings-like window whose root page lists the Pomwick bundle and opens it.
-//   pomwick-settings [--root DIR] [--list] [--smoke-test]
+//   pomwick-settings [--root DIR] [--list] [--smoke-test] [--exit-after-first-preview]
 #include "BundleInstallation.h"
 #include "BundleLoader.h"
 #include "DevicePaths.h"
@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QTimer>
 #include <clocale>
@@ -23,6 +24,7 @@ struct Options {
     std::optional<std::string> root;
     bool stayOnList = false;
     bool smokeTest = false;
+    bool exitAfterFirstPreview = false;
 };
 
 std::optional<Options> parse(int argc, char** argv) {
@@ -35,10 +37,12 @@ std::optional<Options> parse(int argc, char** argv) {
             options.stayOnList = true;
         else if (argument == "--smoke-test")
             options.smokeTest = true;
+        else if (argument == "--exit-after-first-preview")
+            options.exitAfterFirstPreview = true;
         else {
             std::fprintf(stderr,
                          "pomwick-settings: unknown argument '%s' (options: --root DIR, --list, "
-                         "--smoke-test)\n",
+                         "--smoke-test, --exit-after-first-preview)\n",
                          argument.c_str());
             return std::nullopt;
         }
@@ -52,6 +56,20 @@ QSize windowSize() {
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         size = size.boundedTo(screen->availableSize() - QSize(0, 40));
     return size;
+}
+
+// For measuring start-up: says when the page first shows a preview badge, then quits.
+void exitOnceAPreviewShows(QWidget& window) {
+    auto* poll = new QTimer(&window);
+    QObject::connect(poll, &QTimer::timeout, &window, [&window] {
+        const auto* badge = window.findChild<QLabel*>("previewBadge");
+        if (badge == nullptr || badge->pixmap().isNull())
+            return;
+        std::printf("pomwick-settings: first preview shown\n");
+        std::fflush(stdout);
+        QApplication::quit();
+    });
+    poll->start(1);
 }
 
 } // namespace
@@ -97,5 +115,7 @@ int main(int argc, char** argv) {
             QApplication::exit(loaded && pageShown ? 0 : 1);
         });
     }
+    if (options->exitAfterFirstPreview)
+        exitOnceAPreviewShows(window);
     return app.exec();
 }

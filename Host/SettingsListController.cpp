@@ -28,7 +28,7 @@ QWidget* SettingsListController::viewForFooterInSection(TableView* table, int) {
     auto* label = new QLabel("The settings bundle could not be loaded:\n" + bundle_.error);
     label->setWordWrap(true);
     label->setFont(Appearance::systemFont(13));
-    label->setStyleSheet("color: #c0392b; background: transparent;");
+    setTextColour(label, QColor(192, 57, 43));
     setFrame(label, QRectF(15, 0, table->rowWidth() - 30, 80));
     return label;
 }

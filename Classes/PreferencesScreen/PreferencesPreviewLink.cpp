@@ -29,6 +29,7 @@ void PomwickPreferencesViewController::handleSimpleMessageNamed(const QString& n
     if (badgeView == nullptr) {
         badgeView = new QLabel(tableHeaderView_);
         badgeView->setScaledContents(true);
+        badgeView->setObjectName("previewBadge");
         setTag(badgeView, previewBadgeTag);
         badgeView->show();
     }

@@ -1,6 +1,7 @@
 #include "Appearance.h"
 
 #include <QFontDatabase>
+#include <map>
 
 namespace pomwick::Appearance {
 
@@ -24,10 +25,16 @@ QColor selectedCellBackground() {
 }
 
 QFont systemFont(int points, QFont::Weight weight) {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPixelSize(points);
-    font.setWeight(weight);
-    return font;
+    // Asked for on every row of every rebuild: made once per size and weight.
+    static std::map<std::pair<int, int>, QFont> made;
+    auto found = made.find({points, int(weight)});
+    if (found == made.end()) {
+        QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+        font.setPixelSize(points);
+        font.setWeight(weight);
+        found = made.emplace(std::pair{points, int(weight)}, font).first;
+    }
+    return found->second;
 }
 
 namespace {

@@ -56,13 +56,14 @@ qreal TableView::rowWidth() const {
 }
 
 // Rows go once control returns to the event loop: a reload often starts from a signal of a
-// control inside the very rows it replaces.
+// control inside the very rows it replaces. They go together, in one hidden container, which
+// is far cheaper than deleting each one later on its own.
 void TableView::clear() {
-    const auto retire = [](QWidget* widget) {
-        if (widget != nullptr) {
-            widget->hide();
-            widget->deleteLater();
-        }
+    auto* retired = new QWidget;
+    retired->hide();
+    const auto retire = [retired](QWidget* widget) {
+        if (widget != nullptr)
+            widget->setParent(retired);
     };
     for (Section& section : sections_) {
         retire(section.title);
@@ -70,6 +71,7 @@ void TableView::clear() {
             retire(cell);
         retire(section.footer);
     }
+    retired->deleteLater();
     sections_.clear();
     selected_.reset();
 }
@@ -85,8 +87,7 @@ void TableView::reloadData() {
         if (!title.isEmpty()) {
             built.title = new QLabel(title.toUpper(), content_);
             built.title->setFont(Appearance::systemFont(13));
-            built.title->setStyleSheet(QString("color: %1; background: transparent;")
-                                           .arg(Appearance::sectionHeaderText().name()));
+            setTextColour(built.title, Appearance::sectionHeaderText());
         }
         const int rows = dataSource_->numberOfRowsInSection(this, section);
         for (int row = 0; row < rows; ++row) {

@@ -34,7 +34,9 @@ private:
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {
     setFrame(false);
     setFont(Appearance::systemFont(17));
-    setStyleSheet("QLineEdit { background: transparent; border: none; }");
+    QPalette clear = palette();
+    clear.setColor(QPalette::Base, Qt::transparent);
+    setPalette(clear);
     setValidator(new EditGate(this));
     connect(this, &QLineEdit::textChanged, this,
             [this](const QString& text) { acceptedText_ = text; });

@@ -79,4 +79,15 @@ void setBackgroundColour(QWidget* view, const QColor& colour) {
     view->setAutoFillBackground(colour.alpha() > 0);
 }
 
+void setTextColour(QWidget* view, const QColor& colour) {
+    QPalette palette = view->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::Text, colour);
+    view->setPalette(palette);
+}
+
+QColor textColour(const QWidget* view) {
+    return view->palette().color(QPalette::WindowText);
+}
+
 } // namespace pomwick

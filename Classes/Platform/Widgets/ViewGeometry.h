@@ -21,5 +21,8 @@ void setAlpha(QWidget* view, qreal alpha);
 qreal alpha(const QWidget* view);
 
 void setBackgroundColour(QWidget* view, const QColor& colour);
+// The colour of a label's or a field's text.
+void setTextColour(QWidget* view, const QColor& colour);
+QColor textColour(const QWidget* view);
 
 } // namespace pomwick

@@ -1,0 +1,21 @@
+#include "ImageButton.h"
+
+#include <QPainter>
+
+namespace pomwick {
+
+ImageButton::ImageButton(const QImage& image, QSize size, QWidget* parent)
+    : QAbstractButton(parent), image_(image) {
+    setFixedSize(size);
+    setCursor(Qt::PointingHandCursor);
+}
+
+void ImageButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (isDown())
+        painter.setOpacity(0.4);
+    painter.drawImage(QRectF(rect()), image_);
+}
+
+} // namespace pomwick

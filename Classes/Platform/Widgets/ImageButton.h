@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QImage>
+
+namespace pomwick {
+
+// A button that is only its image, drawn at a size in points.
+class ImageButton : public QAbstractButton {
+    Q_OBJECT
+public:
+    ImageButton(const QImage& image, QSize size, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QImage image_;
+};
+
+} // namespace pomwick
