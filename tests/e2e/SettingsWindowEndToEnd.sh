@@ -18,6 +18,14 @@ trap cleanup EXIT
 
 fail() { echo "FAIL: $*" >&2; exit 1; }
 setting() { "$build/Tools/pomwick-defaults" --root "$root" read "$1"; }
+# Waits up to 10 s for a setting to read as expected (the machine may be busy with other tests).
+expect_setting() {
+    for _ in $(seq 200); do
+        [ "$(setting "$1")" = "$2" ] && return 0
+        sleep 0.05
+    done
+    fail "$3 (${1} = '$(setting "$1")', not '$2')"
+}
 
 Xvfb -displayfd 3 -screen 0 1024x900x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
 xserver=$!
@@ -33,7 +41,9 @@ host=$!
 window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1)
 [ -n "$window" ] || fail "the settings window did not appear"
 eval "$(xdotool getwindowgeometry --shell "$window")"
-sleep 1
+# The page is up once the first preview exchange has run.
+for _ in $(seq 200); do [ -s "$root/tmp/badgeBackground.png" ] && break; sleep 0.05; done
+sleep 0.5
 at() { xdotool mousemove --sync $((X + $1)) $((Y + $2)); }
 
 # Rows of a 414-point-wide window: bar 44, header 3 x 60 + 30, section gaps 35, rows 44.
@@ -41,10 +51,12 @@ enabled_row=$((44 + 210 + 35 + 22))
 text_row=$((44 + 210 + 35 + 44 + 35 + 44 + 22))
 alpha_row=$((44 + 210 + 35 + 44 + 35 + 7 * 44 + 22))
 
-at 368 "$enabled_row"; xdotool click 1; sleep 0.4
-[ "$(setting ENABLED)" = false ] || fail "the switch did not store ENABLED = 0"
-at 368 "$enabled_row"; xdotool click 1; sleep 0.4
-[ "$(setting ENABLED)" = true ] || fail "the switch did not store ENABLED = 1"
+at 368 "$enabled_row"; xdotool click 1
+expect_setting ENABLED false "the switch did not switch the tweak off"
+sleep 0.3
+at 368 "$enabled_row"; xdotool click 1
+expect_setting ENABLED true "the switch did not switch the tweak on"
+sleep 0.3
 
 at 390 "$alpha_row"; xdotool mousedown 1
 for x in 370 340 310 280 260; do at "$x" "$alpha_row"; sleep 0.05; done
@@ -54,8 +66,9 @@ awk -v a="$alpha" 'BEGIN { exit !(a > 0.3 && a < 0.9) }' || fail "dragging the s
 
 at 250 "$text_row"; xdotool click 1; sleep 0.6
 xdotool type --delay 40 '  Hi@ '
-xdotool key Return; sleep 1
-[ "$(setting BADGE_TEXT_FIELD_TEXT)" = "Hi@" ] || fail "Return stored '$(setting BADGE_TEXT_FIELD_TEXT)', not 'Hi@'"
+xdotool key Return
+expect_setting BADGE_TEXT_FIELD_TEXT "Hi@" "Return did not store the trimmed text"
+sleep 1
 
 import -display "$DISPLAY" -window root -crop "${WIDTH}x${HEIGHT}+${X}+${Y}" "$screenshot"
 [ -s "$screenshot" ] || fail "no screenshot"

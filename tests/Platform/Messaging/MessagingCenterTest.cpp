@@ -59,7 +59,9 @@ TEST_F(MessagingCenterTest, DeliversMessagesFromOtherProcessesOnTheMainThread) {
         });
     }
     EXPECT_TRUE(screen().doesServerExist());
+    // Separate senders are separate connections, with no order between them: one at a time.
     dbusSend("reloadData");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return received.size() == 1; }, 5000));
     dbusSend("unknownMessage");
     dbusSend("badgeSavedToTmp");
     ASSERT_TRUE(QTest::qWaitFor([&] { return received.size() == 2; }, 5000));
