@@ -14,7 +14,7 @@ trap stop TERM INT HUP
 while true; do
     build/Renderer/pomwick-renderer "$@" &
     renderer=$!
-    wait "$renderer"
+    wait "$renderer" 2>/dev/null
     status=$?
     # A renderer that cannot start at all (no bus, name taken) would only fail again.
     if [ "$status" -ne 0 ] && [ "$status" -lt 128 ]; then

@@ -41,9 +41,22 @@ host=$!
 window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1)
 [ -n "$window" ] || fail "the settings window did not appear"
 eval "$(xdotool getwindowgeometry --shell "$window")"
-# The page is up once the first preview exchange has run.
-for _ in $(seq 200); do [ -s "$root/tmp/badgeBackground.png" ] && break; sleep 0.05; done
-sleep 0.5
+# Waits until the renderer has answered a request made after the given moment: the page has
+# rebuilt itself and asked for a fresh preview.
+background="$root/tmp/badgeBackground.png"
+wait_for_preview_after() {
+    for _ in $(seq 200); do
+        if [ -s "$background" ] &&
+            awk -v written="$(stat -c %.9Y "$background")" -v asked="$1" 'BEGIN { exit !(written > asked) }'; then
+            sleep 0.3
+            return 0
+        fi
+        sleep 0.05
+    done
+    fail "the page asked for no fresh preview"
+}
+now() { date +%s.%N; }
+wait_for_preview_after 0
 at() { xdotool mousemove --sync $((X + $1)) $((Y + $2)); }
 
 # Rows of a 414-point-wide window: bar 44, header 3 x 60 + 30, section gaps 35, rows 44.
@@ -51,12 +64,12 @@ enabled_row=$((44 + 210 + 35 + 22))
 text_row=$((44 + 210 + 35 + 44 + 35 + 44 + 22))
 alpha_row=$((44 + 210 + 35 + 44 + 35 + 7 * 44 + 22))
 
-at 368 "$enabled_row"; xdotool click 1
+clicked=$(now); at 368 "$enabled_row"; xdotool click 1
 expect_setting ENABLED false "the switch did not switch the tweak off"
-sleep 0.3
-at 368 "$enabled_row"; xdotool click 1
+wait_for_preview_after "$clicked"
+clicked=$(now); at 368 "$enabled_row"; xdotool click 1
 expect_setting ENABLED true "the switch did not switch the tweak on"
-sleep 0.3
+wait_for_preview_after "$clicked"
 
 at 390 "$alpha_row"; xdotool mousedown 1
 for x in 370 340 310 280 260; do at "$x" "$alpha_row"; sleep 0.05; done
