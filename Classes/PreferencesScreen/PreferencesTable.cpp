@@ -39,6 +39,12 @@ void dim(TableViewCell* cell, bool isDimmed) {
     setAlpha(cell->imageView(), isDimmed ? dimmed : 1.0);
 }
 
+// A row that only reacts while badges are available.
+void reactOnlyWhenAvailable(TableViewCell* cell, bool available) {
+    dim(cell, !available);
+    cell->setUserInteractionEnabled(available);
+}
+
 QSizeF cellSize(const TableViewCell* cell) {
     return frame(cell).size();
 }
@@ -113,8 +119,7 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
             TableViewCell* cell = makeCell(
                 "Cell4", "Font: " + (font ? QString::fromStdString(font->name) : QString("(null)")),
                 "Font.png");
-            dim(cell, !available);
-            cell->setUserInteractionEnabled(available);
+            reactOnlyWhenAvailable(cell, available);
             return cell;
         }
         case 3:
@@ -127,8 +132,7 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
                                                .arg(RowGeometry::wholePercent(location.x))
                                                .arg(RowGeometry::wholePercent(location.y)),
                                            "Axis.png");
-            dim(cell, !available);
-            cell->setUserInteractionEnabled(available);
+            reactOnlyWhenAvailable(cell, available);
             return cell;
         }
         case 5:
@@ -223,8 +227,7 @@ TableViewCell* PomwickPreferencesViewController::colourCell(const QString& reuse
     TableViewCell* cell = makeCell(reuseIdentifier, text, iconFile);
     auto* swatch = new ColourSwatch(colour, cell);
     setFrame(swatch, RowGeometry::colourSwatchFrame(cellSize(cell)));
-    dim(cell, !available);
-    cell->setUserInteractionEnabled(available);
+    reactOnlyWhenAvailable(cell, available);
     return cell;
 }
 
@@ -248,8 +251,7 @@ TableViewCell* PomwickPreferencesViewController::sliderCell(
                                          : &PomwickPreferencesViewController::alphaSliderReleased;
     connect(slider, &Slider::touchUpInside, this, released);
     connect(slider, &Slider::touchUpOutside, this, released);
-    dim(cell, !available);
-    cell->setUserInteractionEnabled(available);
+    reactOnlyWhenAvailable(cell, available);
     return cell;
 }
 

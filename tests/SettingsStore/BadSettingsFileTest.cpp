@@ -26,22 +26,6 @@ std::string everyKeyHolding(const std::string& valueXml) {
     return plistXml(body + "</dict>");
 }
 
-void expectEveryDefault(const std::string& what) {
-    SCOPED_TRACE(what);
-    EXPECT_TRUE(getEnabled());
-    EXPECT_TRUE(getBadgeVisible());
-    EXPECT_EQ(getBadgeTextFieldText(), "");
-    ASSERT_TRUE(getBadgeFont());
-    EXPECT_EQ(getBadgeFont()->name, "Verdana");
-    EXPECT_EQ(getBadgeFontSize(), 16);
-    EXPECT_EQ(getBadgeFontColor(), Colour::black());
-    EXPECT_EQ(getBadgeBackgroundColor(), Colour::white());
-    EXPECT_EQ(getBadgeBorderColor(), Colour::black());
-    EXPECT_EQ(getBadgeBorderWidth(), 1.2f);
-    EXPECT_EQ(getBadgeAlpha(), 1.0f);
-    EXPECT_EQ(getBadgeLocation(), BadgeLocation{});
-}
-
 } // namespace
 
 TEST(BadSettingsFile, UnusableFilesGiveEveryDefault) {
@@ -59,7 +43,8 @@ TEST(BadSettingsFile, UnusableFilesGiveEveryDefault) {
     };
     for (const auto& [what, bytes] : files) {
         root.writeSettings(bytes);
-        expectEveryDefault(what);
+        SCOPED_TRACE(what);
+        pomwick::test::expectEveryDefault();
     }
 }
 
@@ -69,7 +54,8 @@ TEST(BadSettingsFile, ValuesOfTheWrongKindGiveTheDefault) {
          {"<date>2020-01-01T00:00:00Z</date>", "<data>AAEC</data>",
           "<array><string>1</string></array>", "<dict><key>a</key><string>0</string></dict>"}) {
         root.writeSettings(everyKeyHolding(value));
-        expectEveryDefault(value);
+        SCOPED_TRACE(value);
+        pomwick::test::expectEveryDefault();
     }
 }
 

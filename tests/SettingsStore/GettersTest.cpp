@@ -7,36 +7,15 @@ using namespace pomwick;
 using pomwick::test::SettingsRoot;
 using pomwick::test::stringsPlist;
 
-namespace {
-
-void expectAllDefaults() {
-    EXPECT_TRUE(getEnabled());
-    EXPECT_TRUE(getBadgeVisible());
-    EXPECT_EQ(getBadgeTextFieldText(), "");
-    const auto font = getBadgeFont();
-    ASSERT_TRUE(font);
-    EXPECT_EQ(font->name, "Verdana");
-    EXPECT_EQ(font->size, 16);
-    EXPECT_EQ(getBadgeFontSize(), 16);
-    EXPECT_EQ(getBadgeFontColor(), Colour::black());
-    EXPECT_EQ(getBadgeBackgroundColor(), Colour::white());
-    EXPECT_EQ(getBadgeBorderColor(), Colour::black());
-    EXPECT_EQ(getBadgeBorderWidth(), 1.2f);
-    EXPECT_EQ(getBadgeAlpha(), 1.0f);
-    EXPECT_EQ(getBadgeLocation(), BadgeLocation{});
-}
-
-} // namespace
-
 TEST(SettingsGetters, NoFileGivesEveryDefault) {
     SettingsRoot root;
-    expectAllDefaults();
+    pomwick::test::expectEveryDefault();
 }
 
 TEST(SettingsGetters, EmptyDictionaryGivesEveryDefault) {
     SettingsRoot root;
     root.writeSettings(stringsPlist({}));
-    expectAllDefaults();
+    pomwick::test::expectEveryDefault();
 }
 
 TEST(SettingsGetters, BooleansFollowTheStoredTextAndEmptyMeansTrue) {

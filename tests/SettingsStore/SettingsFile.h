@@ -13,6 +13,9 @@ std::string plistXml(const std::string& dictionaryBody);
 // <dict> of string values.
 std::string stringsPlist(const std::vector<std::pair<std::string, std::string>>& entries);
 
+// Every getter gives its key's default.
+void expectEveryDefault();
+
 // A fresh device root that holds the given settings file bytes.
 class SettingsRoot : public TemporaryDeviceRoot {
 public:
