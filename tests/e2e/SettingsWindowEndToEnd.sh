@@ -16,7 +16,14 @@ cleanup() {
 }
 trap cleanup EXIT
 
-fail() { echo "FAIL: $*" >&2; exit 1; }
+fail() {
+    echo "FAIL: $*" >&2
+    import -display "$DISPLAY" -window root "${screenshot%.png}-failure.png" 2>/dev/null || true
+    echo "window: $(xdotool getwindowgeometry "${window:-0}" 2>&1 | tr '\n' ' ')" >&2
+    echo "host said:" >&2; cat "$work/host.log" >&2 || true
+    echo "renderer said:" >&2; cat "$work/renderer.log" >&2 || true
+    exit 1
+}
 setting() { "$build/Tools/pomwick-defaults" --root "$root" read "$1"; }
 # Waits up to 10 s for a setting to read as expected (the machine may be busy with other tests).
 expect_setting() {
@@ -34,9 +41,9 @@ export DISPLAY=":$(cat "$work/display")"
 eval "$(dbus-launch --sh-syntax)"
 trap 'cleanup; kill "$DBUS_SESSION_BUS_PID" 2>/dev/null || true' EXIT
 
-"$build/Renderer/pomwick-renderer" --root "$root" 2>/dev/null &
+"$build/Renderer/pomwick-renderer" --root "$root" 2>"$work/renderer.log" &
 renderer=$!
-"$build/Host/pomwick-settings" --root "$root" 2>/dev/null &
+"$build/Host/pomwick-settings" --root "$root" 2>"$work/host.log" &
 host=$!
 window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1)
 [ -n "$window" ] || fail "the settings window did not appear"
