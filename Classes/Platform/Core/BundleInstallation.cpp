@@ -36,8 +36,8 @@ std::optional<std::string> copyAtomically(const fs::path& source, const fs::path
     return std::nullopt;
 }
 
-} // namespace
-
+// Where the bundle's built files come from: $POMWICK_BUNDLE_SOURCE, else the build tree's staged
+// bundle, else the installed one.
 fs::path bundleSource() {
     if (const char* source = std::getenv("POMWICK_BUNDLE_SOURCE"); source && *source)
         return source;
@@ -46,6 +46,8 @@ fs::path bundleSource() {
         return POMWICK_STAGED_BUNDLE;
     return POMWICK_INSTALLED_BUNDLE;
 }
+
+} // namespace
 
 std::optional<std::string> installBundleIntoDeviceRoot() {
     const fs::path source = bundleSource();

@@ -6,10 +6,6 @@
 
 namespace pomwick {
 
-// Where the bundle's built files come from: $POMWICK_BUNDLE_SOURCE, else the build tree's staged
-// bundle, else the installed one.
-std::filesystem::path bundleSource();
-
 // Brings the settings bundle (plugin and resources) into the device root's bundle folder: copies
 // every file that is missing there or differs in size or time, each through a temporary file and
 // a rename. Returns the reason when it could not.

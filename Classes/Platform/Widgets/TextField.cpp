@@ -81,8 +81,6 @@ void TextField::placeRightView() {
 }
 
 void TextField::focusInEvent(QFocusEvent* event) {
-    if (clearsOnBeginEditing_)
-        clear();
     QLineEdit::focusInEvent(event);
     if (delegate_ != nullptr)
         delegate_->textFieldDidBeginEditing(this);

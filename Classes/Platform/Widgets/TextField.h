@@ -38,7 +38,6 @@ public:
     // Text set from code is not an edit: the delegate is not asked about it.
     void setText(const QString& text);
     TextFieldDelegate* delegate() const { return delegate_; }
-    void setClearsOnBeginEditing(bool clears) { clearsOnBeginEditing_ = clears; }
     // Shown at the right at all times.
     void setRightView(QWidget* view);
     QWidget* rightView() const { return rightView_; }
@@ -60,7 +59,6 @@ private:
 
     TextFieldDelegate* delegate_ = nullptr;
     QPointer<QWidget> rightView_;
-    bool clearsOnBeginEditing_ = false;
     bool settingText_ = false;
     QString acceptedText_;
 };

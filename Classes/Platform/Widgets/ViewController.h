@@ -28,7 +28,6 @@ public:
     QWidget* view();
     // The size the view is made with; the navigation stack sets it to the room it has.
     void setInitialViewSize(QSize size) { initialViewSize_ = size; }
-    bool isViewLoaded() const { return view_ != nullptr; }
 
     QString title() const { return title_; }
     void setTitle(const QString& title);
