@@ -99,9 +99,8 @@ int main(int argc, char** argv) {
 
     const bool loaded = bundle.bundle != nullptr;
     auto* root = new SettingsListController(std::move(bundle));
-    NavigationController window(root);
+    NavigationController window(root, windowSize());
     window.setWindowTitle("Settings");
-    window.resize(windowSize());
     if (!options->stayOnList)
         root->openBundle(false);
     window.show();

@@ -10,9 +10,16 @@ SettingsListController::SettingsListController(LoadedBundle bundle) : bundle_(st
 
 void SettingsListController::viewDidLoad() {
     setTitle("Settings");
+    setBackgroundColour(view(), Appearance::groupedBackground());
     table_ = new TableView(view());
     setFrame(table_, bounds(view()));
     table_->setDataSource(this);
+    table_->reloadData();
+}
+
+// The window's size changed: the list takes the whole page again.
+void SettingsListController::didRotateFromInterfaceOrientation(int) {
+    setFrame(table_, bounds(view()));
     table_->reloadData();
 }
 

@@ -14,6 +14,7 @@ public:
     explicit SettingsListController(LoadedBundle bundle);
 
     void viewDidLoad() override;
+    void didRotateFromInterfaceOrientation(int fromOrientation) override;
     void openBundle(bool animated);
 
     int numberOfSectionsInTableView(TableView*) override { return 1; }

@@ -37,7 +37,7 @@ QPushButton* barButton(QWidget* parent) {
 
 } // namespace
 
-NavigationController::NavigationController(ViewController* root, QWidget* parent)
+NavigationController::NavigationController(ViewController* root, QSize size, QWidget* parent)
     : QWidget(parent), bar_(new NavigationBar(this)), back_(barButton(bar_)),
       title_(new QLabel(bar_)), right_(barButton(bar_)), content_(new QWidget(this)) {
     title_->setFont(Appearance::systemFont(17, QFont::DemiBold));
@@ -55,7 +55,7 @@ NavigationController::NavigationController(ViewController* root, QWidget* parent
     settle_.setSingleShot(true);
     settle_.setInterval(60);
     connect(&settle_, &QTimer::timeout, this, &NavigationController::reportRotation);
-    resize(375, 667);
+    resize(size);
     pushViewController(root, false);
 }
 

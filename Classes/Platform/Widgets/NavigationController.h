@@ -19,7 +19,9 @@ class NavigationController : public QWidget {
 public:
     static constexpr int barHeight = 44;
 
-    explicit NavigationController(ViewController* root, QWidget* parent = nullptr);
+    // The root's view is made at once, for a window of the given size.
+    explicit NavigationController(ViewController* root, QSize size = {375, 667},
+                                  QWidget* parent = nullptr);
     ~NavigationController() override;
 
     void pushViewController(ViewController* controller, bool animated);
