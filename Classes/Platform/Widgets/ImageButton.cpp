@@ -7,6 +7,7 @@ namespace pomwick {
 ImageButton::ImageButton(const QImage& image, QSize size, QWidget* parent)
     : QAbstractButton(parent), image_(image) {
     setFixedSize(size);
+    setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::PointingHandCursor);
 }
 

@@ -6,6 +6,7 @@ namespace pomwick {
 
 Switch::Switch(QWidget* parent) : QAbstractButton(parent) {
     setCheckable(true);
+    setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::PointingHandCursor);
     resize(size);
     connect(this, &QAbstractButton::clicked, this, &Switch::valueChanged);

@@ -3,6 +3,7 @@
 #include "Appearance.h"
 #include "ViewGeometry.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QPropertyAnimation>
 #include <QScrollBar>
@@ -59,6 +60,10 @@ qreal TableView::rowWidth() const {
 // control inside the very rows it replaces. They go together, in one hidden container, which
 // is far cheaper than deleting each one later on its own.
 void TableView::clear() {
+    // A focused control that is retired would hand its focus on down the chain, and the scroll
+    // area would scroll to wherever it lands.
+    if (QWidget* focused = QApplication::focusWidget(); focused && content_->isAncestorOf(focused))
+        focused->clearFocus();
     auto* retired = new QWidget;
     retired->hide();
     const auto retire = [retired](QWidget* widget) {
