@@ -1,7 +1,6 @@
 #include "BadgeBackgroundRenderer.h"
 
 #include "BadgeImagePrimitives.h"
-#include "DevicePaths.h"
 #include "ImageFile.h"
 #include "MessageNames.h"
 #include "MessagingCenter.h"
@@ -24,9 +23,7 @@ void BadgeBackgroundRenderer::requestRender() {
 void BadgeBackgroundRenderer::render() {
     const QImage filled = fillImageWithColor(silhouette_, getBadgeBackgroundColor());
     const QImage background = addBorderToImage(filled, getBadgeBorderColor());
-    writePngAtomically(
-        background, hostPath(std::string(DevicePath::tmpDirectory) + PreviewFile::badgeBackground));
-    ++renders_;
+    writePngAtomically(background, tmpFile(PreviewFile::badgeBackground));
     MessagingCenter::centerNamed(CenterName::preferences)
         .sendMessageName(MessageName::badgeSavedToTmp);
 }

@@ -14,14 +14,12 @@ public:
     BadgeBackgroundRenderer();
 
     void requestRender();
-    int renderCount() const { return renders_; }
 
 private:
     void render();
 
     QTimer pending_;
     QImage silhouette_;
-    int renders_ = 0;
 };
 
 } // namespace pomwick

@@ -60,9 +60,8 @@ std::optional<Options> parse(const QStringList& arguments, QString& problem) {
 
 bool writeIconSize(double iconSize) {
     const QByteArray text = QByteArray::number(iconSize, 'g', 9);
-    return !writeFileAtomically(
-        hostPath(std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize),
-        std::string_view(text.constData(), size_t(text.size())));
+    return !writeFileAtomically(tmpFile(PreviewFile::iconSize),
+                                std::string_view(text.constData(), size_t(text.size())));
 }
 
 } // namespace

@@ -24,11 +24,6 @@ void clipToMask(QImage& layer, const QImage& mask, bool mirrored) {
     painter.drawImage(QRectF(QPointF(0, 0), size), mask);
 }
 
-QImage transparentLayerLike(const ImageContext& context, double scale) {
-    ImageContext layer(context.size(), scale);
-    return layer.image();
-}
-
 } // namespace
 
 QImage scaleImageToSize(const QImage& image, QSizeF size) {
@@ -53,7 +48,7 @@ QImage addBorderToImage(const QImage& image, const Colour& colour) {
     context.painter().drawImage(QRectF(0, 0, width, height), image);
 
     // What is drawn inside the mask's clip goes through a layer, then over the stretched copy.
-    QImage clipped = transparentLayerLike(context, scale);
+    QImage clipped = ImageContext(context.size(), scale).image();
     {
         QPainter painter(&clipped);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -13,9 +13,16 @@ namespace {
 constexpr std::streamsize iconSizeBytesRead = 64 * 1024;
 } // namespace
 
+std::filesystem::path tmpFile(const char* fileName) {
+    return hostPath(std::string(DevicePath::tmpDirectory) + fileName);
+}
+
+std::filesystem::path bundleFile(const char* fileName) {
+    return hostPath(std::string(DevicePath::bundleDirectory) + fileName);
+}
+
 std::optional<float> readReportedIconSize() {
-    std::ifstream file(hostPath(std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize),
-                       std::ios::binary);
+    std::ifstream file(tmpFile(PreviewFile::iconSize), std::ios::binary);
     if (!file)
         return std::nullopt;
     std::string text(iconSizeBytesRead, '\0');
@@ -25,12 +32,11 @@ std::optional<float> readReportedIconSize() {
 }
 
 QImage loadBadgeBackground() {
-    return imageWithContentsOfFile(
-        hostPath(std::string(DevicePath::tmpDirectory) + PreviewFile::badgeBackground));
+    return imageWithContentsOfFile(tmpFile(PreviewFile::badgeBackground));
 }
 
 QImage loadBundleImage(const char* fileName) {
-    return imageWithContentsOfFile(hostPath(std::string(DevicePath::bundleDirectory) + fileName));
+    return imageWithContentsOfFile(bundleFile(fileName));
 }
 
 } // namespace pomwick

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <filesystem>
 #include <optional>
 
 namespace pomwick {
@@ -12,6 +13,10 @@ inline constexpr const char* iconSize = "iconSize.txt";
 inline constexpr const char* stockBadge = "Badge.png";
 inline constexpr const char* sampleIcon = "Cydia_Icon.png";
 } // namespace PreviewFile
+
+// Host paths of a file in the device's /tmp/ and in the settings bundle's folder.
+std::filesystem::path tmpFile(const char* fileName);
+std::filesystem::path bundleFile(const char* fileName);
 
 // The icon size the renderer reported: the leading float of iconSize.txt, or nothing when the
 // file does not exist.

@@ -1,12 +1,11 @@
 // The settings table: four sections, fourteen rows, each built afresh from the settings.
 #include "Appearance.h"
 #include "ColourSwatch.h"
-#include "DevicePaths.h"
 #include "ImageButton.h"
-#include "ImageFile.h"
 #include "MessageNames.h"
 #include "MessagingCenter.h"
 #include "PomwickPreferencesViewController.h"
+#include "PreviewFiles.h"
 #include "QtConversions.h"
 #include "RowGeometry.h"
 #include "SegmentedControl.h"
@@ -27,10 +26,10 @@ constexpr qreal dimmed = 0.6;
 // was 40 % of a rebuild).
 QImage bundleIcon(const char* fileName) {
     static std::map<std::string, QImage> decoded;
-    const std::string path = hostPath(std::string(DevicePath::bundleDirectory) + fileName).string();
+    const std::string path = bundleFile(fileName).string();
     auto found = decoded.find(path);
     if (found == decoded.end())
-        found = decoded.emplace(path, imageWithContentsOfFile(path)).first;
+        found = decoded.emplace(path, loadBundleImage(fileName)).first;
     return found->second;
 }
 

@@ -19,10 +19,6 @@ using pomwick::test::RendererProcess;
 
 namespace {
 
-std::filesystem::path tmpFile(const char* name) {
-    return hostPath(std::string(DevicePath::tmpDirectory) + name);
-}
-
 // Plays the settings screen's side: serves its centre and counts the renderer's answers.
 class ScreenSide : public testing::Test {
 protected:

@@ -21,11 +21,6 @@ QColor toQColor(const Colour& colour) {
                             unit(colour.alpha));
 }
 
-Colour toColour(const QColor& colour) {
-    return {static_cast<float>(colour.redF()), static_cast<float>(colour.greenF()),
-            static_cast<float>(colour.blueF()), static_cast<float>(colour.alphaF())};
-}
-
 QFont toQFont(const std::optional<Font>& font) {
     QFont qfont = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     int size = defaultLabelFontSize;

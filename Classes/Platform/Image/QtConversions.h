@@ -11,7 +11,6 @@ namespace pomwick {
 
 // At the drawing boundary: stored components are not clamped, colours on screen are.
 QColor toQColor(const Colour& colour);
-Colour toColour(const QColor& colour);
 
 // A font's size is in points, which are logical pixels here: a 16-point font has a 16-pixel em
 // whatever the screen's DPI. No font at all draws in the label's default, the system font at 17.

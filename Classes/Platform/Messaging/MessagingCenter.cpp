@@ -1,5 +1,6 @@
 #include "MessagingCenter.h"
 
+#include "MessageNames.h"
 #include "MessagingInterfaces.h"
 
 #include <QDBusConnection>
@@ -11,9 +12,9 @@ namespace pomwick {
 namespace {
 
 QString introspectionOf(const QString& centreName) {
-    const QString xml = QString::fromUtf8(centreName == QLatin1String("com.velquor.pomwick")
-                                              ? MessagingInterfaces::renderer
-                                              : MessagingInterfaces::preferences);
+    const QString xml =
+        QString::fromUtf8(centreName == CenterName::renderer ? MessagingInterfaces::renderer
+                                                             : MessagingInterfaces::preferences);
     const qsizetype start = xml.indexOf(QLatin1String("<interface"));
     const qsizetype end = xml.lastIndexOf(QLatin1String("</interface>"));
     if (start < 0 || end < 0)

@@ -29,8 +29,6 @@ public:
     ViewController* topViewController() const;
     const std::vector<ViewController*>& viewControllers() const { return stack_; }
 
-    QWidget* navigationBar() const { return bar_; }
-
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
