@@ -1,4 +1,5 @@
-// Draws the bundle's artwork: the stock badge, the sample app icon and the settings rows' icons.
+// Draws the bundle's artwork: the stock badge, the sample app icon, the settings rows' icons and
+// the result notice's images.
 // Usage: pomwick-artwork OUTPUT_FOLDER
 #include <QDir>
 #include <QGuiApplication>
@@ -201,6 +202,28 @@ QImage infoButton() {
     return image;
 }
 
+// The result notice's images: a white tick and a white cross, 50 points at 2x, drawn to sit on
+// the notice's dark panel.
+QImage noticeImage(const std::function<void(QPainter&)>& glyph) {
+    QImage image = canvas(100);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(white, 8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(Qt::NoBrush);
+    p.drawEllipse(QRectF(8, 8, 84, 84));
+    glyph(p);
+    return image;
+}
+
+void tick(QPainter& p) {
+    p.drawPolyline(QPolygonF{{29, 52}, {44, 66}, {71, 36}});
+}
+
+void cross(QPainter& p) {
+    p.drawLine(QPointF(35, 35), QPointF(65, 65));
+    p.drawLine(QPointF(65, 35), QPointF(35, 65));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -231,6 +254,8 @@ int main(int argc, char** argv) {
         {"Twitter.png", rowIcon(QColor(29, 161, 242), speech)},
         {"Wrench.png", rowIcon(QColor(99, 99, 102), wrench)},
         {"Money.png", rowIcon(QColor(52, 199, 89), text("$", 32))},
+        {"HUD_completed.png", noticeImage(tick)},
+        {"HUD_error.png", noticeImage(cross)},
     };
     for (const auto& [name, image] : artwork) {
         if (!image.save(out.filePath(name), "PNG")) {

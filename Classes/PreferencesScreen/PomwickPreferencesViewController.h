@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FeedbackMailComposer.h"
 #include "TableView.h"
 #include "TextField.h"
 #include "ViewController.h"
@@ -20,8 +21,10 @@ class SegmentedControl;
 // grouped table of the settings whose controls write through the settings store at once.
 class PomwickPreferencesViewController : public ViewController,
                                          public TableViewDataSource,
-                                         public TextFieldDelegate {
+                                         public TextFieldDelegate,
+                                         public MailComposeDelegate {
     Q_OBJECT
+    Q_INTERFACES(pomwick::MailComposeDelegate)
 public:
     static constexpr int previewBadgeTag = 1337;
 
@@ -68,6 +71,11 @@ public:
     void handleSimpleMessageNamed(const QString& name);
     void updateUI();
     QImage imageByCombiningImage(const QImage& first, const QImage& second) const;
+
+    // The feedback mail: the composer for the "Contact Us" row, and the notice of its result.
+    void contactByMail();
+    void didFinishWithResult(FeedbackMailComposer* composer, MailComposeResult result,
+                             const QString& error) override;
 
 private:
     void registerPreviewMessages();

@@ -255,6 +255,8 @@ TableViewCell* PomwickPreferencesViewController::sliderCell(
 }
 
 void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table, IndexPath path) {
+    if (path.section == 3 && path.row == 0)
+        contactByMail();
     table->deselectRowAtIndexPath(path, true);
 }
 

@@ -1,0 +1,305 @@
+#include "FeedbackMailComposer.h"
+
+#include "Appearance.h"
+#include "SendmailDelivery.h"
+#include "ViewGeometry.h"
+
+#include <QBoxLayout>
+#include <QDateTime>
+#include <QDir>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPlainTextEdit>
+#include <QPropertyAnimation>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+namespace pomwick {
+namespace {
+
+constexpr int sheetRadius = 10;
+constexpr int presentMilliseconds = 300;
+
+QWidget* hairline(QWidget* parent) {
+    auto* line = new QWidget(parent);
+    line->setFixedHeight(1);
+    setBackgroundColour(line, Appearance::hairline());
+    return line;
+}
+
+QPushButton* barButton(const QString& title, bool bold, QWidget* parent) {
+    auto* button = new QPushButton(title, parent);
+    button->setFlat(true);
+    button->setCursor(Qt::PointingHandCursor);
+    button->setFont(Appearance::systemFont(17, bold ? QFont::DemiBold : QFont::Normal));
+    button->setStyleSheet("QPushButton { border: none; color: #007aff; padding: 6px 10px; }"
+                          "QPushButton:disabled { color: #b4b4b8; }"
+                          "QPushButton:focus { background: rgba(0, 122, 255, 0.12);"
+                          " border-radius: 8px; }"
+                          "QPushButton:pressed { color: #80bdff; }");
+    return button;
+}
+
+// A "To:" or "Subject:" line: a grey caption and a frameless field.
+QLineEdit* headerField(const QString& caption, QVBoxLayout* column, QWidget* parent) {
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(16, 10, 16, 10);
+    row->setSpacing(6);
+    auto* label = new QLabel(caption, parent);
+    label->setFont(Appearance::systemFont(15));
+    setTextColour(label, Appearance::sectionHeaderText());
+    auto* field = new QLineEdit(parent);
+    field->setFrame(false);
+    field->setFont(Appearance::systemFont(15));
+    field->setAccessibleName(caption.chopped(1));
+    field->setStyleSheet("QLineEdit { background: transparent; color: black; }");
+    label->setBuddy(field);
+    row->addWidget(label);
+    row->addWidget(field, 1);
+    column->addLayout(row);
+    column->addWidget(hairline(parent));
+    return field;
+}
+
+} // namespace
+
+bool FeedbackMailComposer::canSendMail() {
+    return SendmailDelivery::program().has_value();
+}
+
+QString FeedbackMailComposer::draftsFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           "/pomwick/Drafts";
+}
+
+FeedbackMailComposer::FeedbackMailComposer() : QDialog(nullptr, Qt::Widget) {
+    setObjectName("FeedbackMailComposer");
+    setAccessibleName("Mail");
+    setAttribute(Qt::WA_TranslucentBackground);
+    buildSheet();
+}
+
+FeedbackMailComposer::~FeedbackMailComposer() = default;
+
+void FeedbackMailComposer::buildSheet() {
+    sheet_ = new QWidget(this);
+    sheet_->setObjectName("sheet");
+    auto* column = new QVBoxLayout(sheet_);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+
+    auto* bar = new QHBoxLayout;
+    bar->setContentsMargins(6, 6, 6, 6);
+    cancelButton_ = barButton("Cancel", false, sheet_);
+    sendButton_ = barButton("Send", true, sheet_);
+    titleLabel_ = new QLabel("New Message", sheet_);
+    titleLabel_->setFont(Appearance::systemFont(17, QFont::DemiBold));
+    titleLabel_->setAlignment(Qt::AlignCenter);
+    titleLabel_->setMinimumWidth(1);
+    bar->addWidget(cancelButton_);
+    bar->addWidget(titleLabel_, 1);
+    bar->addWidget(sendButton_);
+    column->addLayout(bar);
+    column->addWidget(hairline(sheet_));
+
+    toField_ = headerField("To:", column, sheet_);
+    subjectField_ = headerField("Subject:", column, sheet_);
+    bodyField_ = new QPlainTextEdit(sheet_);
+    bodyField_->setFrameShape(QFrame::NoFrame);
+    bodyField_->setFont(Appearance::systemFont(15));
+    bodyField_->setAccessibleName("Message");
+    bodyField_->setTabChangesFocus(true);
+    bodyField_->setStyleSheet("QPlainTextEdit { background: transparent; color: black;"
+                              " padding: 8px 10px; }");
+    column->addWidget(bodyField_, 1);
+    statusLabel_ = new QLabel(sheet_);
+    statusLabel_->setFont(Appearance::systemFont(12));
+    statusLabel_->setWordWrap(true);
+    statusLabel_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    statusLabel_->setContentsMargins(16, 6, 16, 10);
+    setTextColour(statusLabel_, Appearance::sectionHeaderText());
+    statusLabel_->hide();
+    column->addWidget(statusLabel_);
+
+    connect(subjectField_, &QLineEdit::textChanged, this, [this](const QString& subject) {
+        titleLabel_->setText(subject.isEmpty() ? "New Message" : subject);
+    });
+    connect(sendButton_, &QPushButton::clicked, this, &FeedbackMailComposer::send);
+    connect(cancelButton_, &QPushButton::clicked, this, &FeedbackMailComposer::cancel);
+    setTabOrder(cancelButton_, toField_);
+    setTabOrder(toField_, subjectField_);
+    setTabOrder(subjectField_, bodyField_);
+    setTabOrder(bodyField_, sendButton_);
+}
+
+void FeedbackMailComposer::setSubject(const QString& subject) {
+    subjectField_->setText(subject);
+}
+
+void FeedbackMailComposer::setMessageBody(const QString& body, bool isHTML) {
+    // Only plain text is written here; markup would show as typed.
+    Q_UNUSED(isHTML);
+    bodyField_->setPlainText(body);
+}
+
+void FeedbackMailComposer::setToRecipients(const QStringList& recipients) {
+    toField_->setText(recipients.join(", "));
+}
+
+MailDraft FeedbackMailComposer::draft() const {
+    QStringList recipients;
+    for (const QString& each : toField_->text().split(',', Qt::SkipEmptyParts))
+        recipients << each.trimmed();
+    return {recipients, subjectField_->text(), bodyField_->toPlainText()};
+}
+
+QString FeedbackMailComposer::statusText() const {
+    return statusLabel_->text();
+}
+
+QRect FeedbackMailComposer::sheetGeometry() const {
+    // A page sheet: the whole width below a small gap on a narrow window, a centred card on a
+    // wide one.
+    const QRect area = rect();
+    if (area.width() < 600)
+        return area.adjusted(0, 20, 0, 0);
+    const int width = 540;
+    const int height = std::min(620, area.height() - 80);
+    return {(area.width() - width) / 2, (area.height() - height) / 2, width, height};
+}
+
+void FeedbackMailComposer::setPresentation(qreal shown) {
+    presentation_ = shown;
+    const QRect target = sheetGeometry();
+    const int hiddenBy = height() - target.top();
+    sheet_->setGeometry(target.translated(0, int(std::lround((1 - shown) * hiddenBy))));
+    update();
+}
+
+void FeedbackMailComposer::presentOver(QWidget* host, bool animated) {
+    QWidget* window = host->window();
+    setParent(window, Qt::Widget);
+    setGeometry(window->rect());
+    window->installEventFilter(this);
+    setPresentation(animated ? 0 : 1);
+    show();
+    raise();
+    bodyField_->setFocus();
+    bodyField_->moveCursor(QTextCursor::End);
+    if (!animated)
+        return;
+    auto* slide = new QPropertyAnimation(this, "presentation", this);
+    slide->setDuration(presentMilliseconds);
+    slide->setEasingCurve(QEasingCurve::OutCubic);
+    slide->setEndValue(1.0);
+    slide->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void FeedbackMailComposer::dismissViewControllerAnimated(bool animated) {
+    setEnabled(false);
+    if (!animated) {
+        deleteLater();
+        return;
+    }
+    auto* slide = new QPropertyAnimation(this, "presentation", this);
+    slide->setDuration(presentMilliseconds);
+    slide->setEasingCurve(QEasingCurve::InCubic);
+    slide->setEndValue(0.0);
+    connect(slide, &QAbstractAnimation::finished, this, &QObject::deleteLater);
+    slide->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+bool FeedbackMailComposer::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parent() && event->type() == QEvent::Resize) {
+        setGeometry(parentWidget()->rect());
+        setPresentation(presentation_);
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void FeedbackMailComposer::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), QColor::fromRgbF(0, 0, 0, 0.4f * float(presentation_)));
+    QPainterPath card;
+    const QRectF sheet = sheet_->geometry();
+    card.addRoundedRect(sheet.adjusted(0, 0, 0, sheet.bottom() >= height() - 1 ? sheetRadius : 0),
+                        sheetRadius, sheetRadius);
+    painter.fillPath(card, Qt::white);
+}
+
+void FeedbackMailComposer::reject() {
+    cancel();
+}
+
+void FeedbackMailComposer::setBusy(bool busy, const QString& status) {
+    for (QWidget* control : std::initializer_list<QWidget*>{sendButton_, cancelButton_, toField_,
+                                                            subjectField_, bodyField_})
+        control->setEnabled(!busy);
+    statusLabel_->setText(status);
+    statusLabel_->setVisible(!status.isEmpty());
+}
+
+void FeedbackMailComposer::send() {
+    if (finished_ || delivery_ != nullptr)
+        return;
+    setBusy(true, "Sending…");
+    delivery_ = new SendmailDelivery(this);
+    delivery_->setTimeout(sendTimeout_);
+    connect(delivery_, &SendmailDelivery::finished, this, [this](const QString& error) {
+        setBusy(false, error);
+        finishWith(error.isEmpty() ? MailComposeResultSent : MailComposeResultFailed, error);
+    });
+    delivery_->send(composeMailMessage(draft()));
+}
+
+void FeedbackMailComposer::cancel() {
+    if (finished_ || delivery_ != nullptr || draftMenu_)
+        return;
+    draftMenu_ = new QMenu(this);
+    draftMenu_->setAttribute(Qt::WA_DeleteOnClose);
+    draftMenu_->setAccessibleName("Draft");
+    draftMenu_->addAction("Delete Draft", this, &FeedbackMailComposer::deleteDraft);
+    draftMenu_->addAction("Save Draft", this, &FeedbackMailComposer::saveDraft);
+    draftMenu_->popup(cancelButton_->mapToGlobal(cancelButton_->rect().bottomLeft()));
+}
+
+void FeedbackMailComposer::deleteDraft() {
+    finishWith(MailComposeResultCancelled);
+}
+
+void FeedbackMailComposer::saveDraft() {
+    const QDir folder(draftsFolder());
+    const QString stem = "feedback-" + QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss");
+    QString path = folder.filePath(stem + ".eml");
+    for (int copy = 2; QFile::exists(path); ++copy)
+        path = folder.filePath(QString("%1-%2.eml").arg(stem).arg(copy));
+    QSaveFile file(path);
+    const bool saved = folder.mkpath(".") && file.open(QIODevice::WriteOnly) &&
+                       file.write(composeMailMessage(draft())) >= 0 && file.commit();
+    if (!saved) {
+        const QString error = "The draft could not be saved in " + folder.path();
+        setBusy(false, error);
+        finishWith(MailComposeResultFailed, error);
+        return;
+    }
+    setBusy(false, "Draft saved to " + QDir::toNativeSeparators(path));
+    finishWith(MailComposeResultSaved);
+}
+
+void FeedbackMailComposer::finishWith(MailComposeResult result, const QString& error) {
+    if (finished_)
+        return;
+    finished_ = true;
+    if (auto* listener = qobject_cast<MailComposeDelegate*>(delegate_.data()))
+        listener->didFinishWithResult(this, result, error);
+    else
+        dismissViewControllerAnimated(true);
+}
+
+} // namespace pomwick

@@ -1,0 +1,141 @@
+// The notice's layout (indicator, label and details stacked in a centred panel) and drawing.
+#include "PathArcs.h"
+#include "TextDrawing.h"
+#include "ViewGeometry.h"
+#include "ZRProgressHUD.h"
+
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QPainter>
+#include <QRadialGradient>
+#include <cmath>
+#include <numbers>
+
+namespace pomwick {
+namespace {
+
+// The wrapped text's size within maxWidth, cut to the whole lines that fit in maxHeight.
+QSizeF wrappedTextSize(const QString& text, const QFont& font, qreal maxWidth, qreal maxHeight) {
+    if (!(maxWidth > 0) || !(maxHeight > 0))
+        return {};
+    const QFontMetricsF metrics(font);
+    const QRectF needed =
+        metrics.boundingRect(QRectF(0, 0, maxWidth, maxHeight), Qt::TextWordWrap, text);
+    const qreal lineHeight = metrics.lineSpacing();
+    const qreal height = needed.height() <= maxHeight
+                             ? needed.height()
+                             : std::floor(maxHeight / lineHeight) * lineHeight;
+    return {std::min(needed.width(), maxWidth), height};
+}
+
+} // namespace
+
+QSizeF ZRProgressHUD::contentSize() const {
+    const QSizeF widgetSize = QWidget::size();
+    const int orientation = interfaceOrientation(this);
+    const bool landscape =
+        superview_ && superview_->isWindow() && (orientation == 3 || orientation == 4);
+    return landscape ? widgetSize.transposed() : widgetSize;
+}
+
+QPointF ZRProgressHUD::contentOrigin() const {
+    // A rotated notice lays out in its turned bounds, centred where it turns.
+    const QSizeF content = contentSize();
+    return {(width() - content.width()) / 2, (height() - content.height()) / 2};
+}
+
+void ZRProgressHUD::layoutSubviews() {
+    needsLayout_ = false;
+    if (superview_)
+        setGeometry(superview_->rect());
+    const QSizeF bounds = contentSize();
+    const qreal w = bounds.width();
+    const qreal h = bounds.height();
+    const qreal m = margin_;
+    const qreal maxWidth = w - 4 * m;
+
+    QSizeF indicatorSize = indicator_ ? frame(indicator_).size() : QSizeF();
+    indicatorSize.setWidth(std::min(indicatorSize.width(), maxWidth));
+    QSizeF labelSize;
+    if (!label_->text().isEmpty()) {
+        labelSize = sizeWithAttributes(label_->text(), label_->font());
+        labelSize.setWidth(std::min(labelSize.width(), maxWidth));
+    }
+    const bool indicatorOrLabel = indicatorSize.height() > 0 || labelSize.height() > 0;
+    qreal totalWidth = std::max(indicatorSize.width(), labelSize.width());
+    qreal totalHeight = indicatorSize.height() + labelSize.height();
+    if (indicatorSize.height() > 0 && labelSize.height() > 0)
+        totalHeight += padding;
+
+    const qreal remainingHeight = h - totalHeight - padding - 4 * m;
+    const QSizeF detailsSize = detailsLabel_->text().isEmpty()
+                                   ? QSizeF()
+                                   : wrappedTextSize(detailsLabel_->text(), detailsLabel_->font(),
+                                                     maxWidth, remainingHeight);
+    totalWidth = std::max(totalWidth, detailsSize.width());
+    totalHeight += detailsSize.height();
+    if (detailsSize.height() > 0 && indicatorOrLabel)
+        totalHeight += padding;
+    totalWidth += 2 * m;
+    totalHeight += 2 * m;
+
+    const QPointF origin = contentOrigin();
+    const auto centred = [&](QSizeF size, qreal y) {
+        return QRectF(QPointF(std::round((w - size.width()) / 2) + xOffset_, y) + origin, size);
+    };
+    qreal y = std::round((h - totalHeight) / 2) + m + yOffset_;
+    if (indicator_)
+        setFrame(indicator_, centred(indicatorSize, y));
+    y += indicatorSize.height();
+    if (labelSize.height() > 0 && indicatorSize.height() > 0)
+        y += padding;
+    setFrame(label_, centred(labelSize, y));
+    y += labelSize.height();
+    if (detailsSize.height() > 0 && indicatorOrLabel)
+        y += padding;
+    setFrame(detailsLabel_, centred(detailsSize, y));
+
+    if (square_) {
+        const qreal side = std::max(totalWidth, totalHeight);
+        if (side <= w - 2 * m)
+            totalWidth = side;
+        if (side <= h - 2 * m)
+            totalHeight = side;
+    }
+    totalWidth = std::max(totalWidth, minSize_.width());
+    totalHeight = std::max(totalHeight, minSize_.height());
+    size_ = {totalWidth, totalHeight};
+}
+
+void ZRProgressHUD::paintEvent(QPaintEvent*) {
+    layoutIfNeeded();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(contentOrigin());
+    const QSizeF bounds = contentSize();
+    const qreal w = bounds.width();
+    const qreal h = bounds.height();
+    if (dimBackground_) {
+        // Padded past its end, so the corners outside the circle take the full dimming.
+        QRadialGradient dimming(QPointF(w / 2, h / 2), std::min(w, h));
+        dimming.setColorAt(0.0, QColor::fromRgbF(0, 0, 0, 0));
+        dimming.setColorAt(1.0, QColor::fromRgbF(0, 0, 0, 0.75f));
+        painter.fillRect(QRectF(QPointF(), bounds), dimming);
+    }
+    const QColor fill = color_.isValid() ? color_ : QColor::fromRgbF(0, 0, 0, opacity_);
+    const QRectF panel(std::round((w - size_.width()) / 2) + xOffset_,
+                       std::round((h - size_.height()) / 2) + yOffset_, size_.width(),
+                       size_.height());
+    const qreal r = cornerRadius_;
+    constexpr qreal pi = std::numbers::pi;
+    QPainterPath rounded;
+    rounded.moveTo(panel.left() + r, panel.top());
+    addArc(rounded, {panel.right() - r, panel.top() + r}, r, 3 * pi / 2, 0, false);
+    addArc(rounded, {panel.right() - r, panel.bottom() - r}, r, 0, pi / 2, false);
+    addArc(rounded, {panel.left() + r, panel.bottom() - r}, r, pi / 2, pi, false);
+    addArc(rounded, {panel.left() + r, panel.top() + r}, r, pi, 3 * pi / 2, false);
+    rounded.closeSubpath();
+    painter.fillPath(rounded, fill);
+}
+
+} // namespace pomwick
