@@ -1,6 +1,7 @@
 #include "FeedbackMailComposer.h"
 
 #include "Appearance.h"
+#include "NoticeLabel.h"
 #include "SendmailDelivery.h"
 #include "ViewGeometry.h"
 
@@ -97,9 +98,9 @@ void FeedbackMailComposer::buildSheet() {
     bar->setContentsMargins(6, 6, 6, 6);
     cancelButton_ = barButton("Cancel", false, sheet_);
     sendButton_ = barButton("Send", true, sheet_);
-    titleLabel_ = new QLabel("New Message", sheet_);
+    titleLabel_ = new NoticeLabel(false, sheet_);
+    titleLabel_->setText("New Message");
     titleLabel_->setFont(Appearance::systemFont(17, QFont::DemiBold));
-    titleLabel_->setAlignment(Qt::AlignCenter);
     titleLabel_->setMinimumWidth(1);
     bar->addWidget(cancelButton_);
     bar->addWidget(titleLabel_, 1);

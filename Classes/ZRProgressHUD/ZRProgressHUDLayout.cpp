@@ -14,10 +14,11 @@
 namespace pomwick {
 namespace {
 
-// The wrapped text's size within maxWidth, cut to the whole lines that fit in maxHeight.
+// The wrapped text's size within maxWidth, cut to the whole lines that fit in maxHeight. The width
+// is rounded up so that the label, placed on whole pixels, wraps its text the same way.
 QSizeF wrappedTextSize(const QString& text, const QFont& font, qreal maxWidth, qreal maxHeight) {
     if (!(maxWidth > 0) || !(maxHeight > 0))
-        return {};
+        return {0, 0};
     const QFontMetricsF metrics(font);
     const QRectF needed =
         metrics.boundingRect(QRectF(0, 0, maxWidth, maxHeight), Qt::TextWordWrap, text);
@@ -25,7 +26,7 @@ QSizeF wrappedTextSize(const QString& text, const QFont& font, qreal maxWidth, q
     const qreal height = needed.height() <= maxHeight
                              ? needed.height()
                              : std::floor(maxHeight / lineHeight) * lineHeight;
-    return {std::min(needed.width(), maxWidth), height};
+    return {std::min(std::ceil(needed.width()), maxWidth), height};
 }
 
 } // namespace
@@ -54,9 +55,9 @@ void ZRProgressHUD::layoutSubviews() {
     const qreal m = margin_;
     const qreal maxWidth = w - 4 * m;
 
-    QSizeF indicatorSize = indicator_ ? frame(indicator_).size() : QSizeF();
+    QSizeF indicatorSize = indicator_ ? frame(indicator_).size() : QSizeF(0, 0);
     indicatorSize.setWidth(std::min(indicatorSize.width(), maxWidth));
-    QSizeF labelSize;
+    QSizeF labelSize(0, 0);
     if (!label_->text().isEmpty()) {
         labelSize = sizeWithAttributes(label_->text(), label_->font());
         labelSize.setWidth(std::min(labelSize.width(), maxWidth));

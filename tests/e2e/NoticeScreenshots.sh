@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# The notice in every mode, the mail composer and its three result notices, photographed on a
+# private X server; a sendmail that only records stands first on PATH.
+#   NoticeScreenshots.sh GALLERY_PROGRAM OUTPUT_FOLDER
+set -euo pipefail
+gallery=$1
+out=$2
+export LC_ALL=C.UTF-8
+work=$(mktemp -d)
+cleanup() {
+    [ -n "${xserver:-}" ] && kill "$xserver" 2>/dev/null || true
+    rm -rf "$work"
+}
+trap cleanup EXIT
+
+mkdir -p "$work/bin" "$out"
+printf '#!/bin/sh\ncat > /dev/null\n' > "$work/bin/sendmail"
+chmod +x "$work/bin/sendmail"
+export PATH="$work/bin:$PATH"
+
+Xvfb -displayfd 3 -screen 0 1100x900x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
+xserver=$!
+for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
+[ -s "$work/display" ] || { echo "FAIL: Xvfb did not start" >&2; exit 1; }
+export DISPLAY=":$(cat "$work/display")"
+QT_QPA_PLATFORM=xcb "$gallery" "$out"
+for picture in notice-gallery mail-composer notice-sent notice-saved notice-failed; do
+    [ -s "$out/$picture.png" ] || { echo "FAIL: no $picture.png" >&2; exit 1; }
+done
