@@ -275,6 +275,8 @@ void FeedbackMailComposer::deleteDraft() {
 }
 
 void FeedbackMailComposer::saveDraft() {
+    if (finished_)
+        return;
     const QDir folder(draftsFolder());
     const QString stem = "feedback-" + QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss");
     QString path = folder.filePath(stem + ".eml");
