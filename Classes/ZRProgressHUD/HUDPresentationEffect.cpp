@@ -8,7 +8,18 @@ void HUDPresentationEffect::setPresentation(qreal opacity, const QTransform& tra
     opacity_ = opacity;
     transform_ = transform;
     setEnabled(opacity < 1 || !transform.isIdentity());
+    updateBoundingRect();
     update();
+}
+
+QTransform HUDPresentationEffect::aboutCentre(const QRectF& rect) const {
+    const QPointF centre = rect.center();
+    return QTransform::fromTranslate(-centre.x(), -centre.y()) * transform_ *
+           QTransform::fromTranslate(centre.x(), centre.y());
+}
+
+QRectF HUDPresentationEffect::boundingRectFor(const QRectF& sourceRect) const {
+    return sourceRect.united(aboutCentre(sourceRect).mapRect(sourceRect));
 }
 
 void HUDPresentationEffect::draw(QPainter* painter) {
@@ -16,13 +27,10 @@ void HUDPresentationEffect::draw(QPainter* painter) {
         return;
     QPoint offset;
     const QPixmap pixmap = sourcePixmap(Qt::LogicalCoordinates, &offset, NoPad);
-    const QPointF centre = boundingRect().center();
     painter->save();
     painter->setOpacity(opacity_);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
-    painter->translate(centre);
-    painter->setTransform(transform_, true);
-    painter->translate(-centre);
+    painter->setTransform(aboutCentre(sourceBoundingRect()), true);
     painter->drawPixmap(offset, pixmap);
     painter->restore();
 }

@@ -5,9 +5,9 @@
 
 namespace pomwick {
 
-// Draws a widget and its children at an opacity and with a transform about the widget's centre:
-// what the device does with a view's alpha and transform. Idle (and free) at opacity 1 with no
-// transform.
+// Draws a widget and its children at an opacity and with a transform about the widget's centre
+// (reaching past its edges when it grows): what the device does with a view's alpha and
+// transform. Idle (and free) at opacity 1 with no transform.
 class HUDPresentationEffect : public QGraphicsEffect {
     Q_OBJECT
 public:
@@ -16,9 +16,12 @@ public:
     void setPresentation(qreal opacity, const QTransform& transform);
 
 protected:
+    QRectF boundingRectFor(const QRectF& sourceRect) const override;
     void draw(QPainter* painter) override;
 
 private:
+    QTransform aboutCentre(const QRectF& rect) const;
+
     qreal opacity_ = 1;
     QTransform transform_;
 };

@@ -5,6 +5,7 @@
 #include "Appearance.h"
 #include "HUDPresentationEffect.h"
 #include "NoticeLabel.h"
+#include "NoticePanel.h"
 #include "ZRBarProgressView.h"
 #include "ZRRoundProgressView.h"
 
@@ -24,8 +25,9 @@ ZRProgressHUD::ZRProgressHUD(QWidget* view) {
     detailsLabelFont_ = Appearance::systemFont(12, QFont::Bold);
     setAttribute(Qt::WA_TranslucentBackground);
     setFocusPolicy(Qt::NoFocus);
-    presentation_ = new HUDPresentationEffect(this);
-    setGraphicsEffect(presentation_);
+    panel_ = new NoticePanel(this);
+    presentation_ = new HUDPresentationEffect(panel_);
+    panel_->setGraphicsEffect(presentation_);
     graceTimer_.setSingleShot(true);
     minShowTimer_.setSingleShot(true);
     connect(&graceTimer_, &QTimer::timeout, this, &ZRProgressHUD::handleGraceTimer);
@@ -43,9 +45,9 @@ ZRProgressHUD::~ZRProgressHUD() {
 }
 
 void ZRProgressHUD::setupLabels() {
-    label_ = new NoticeLabel(false, this);
+    label_ = new NoticeLabel(false, panel_);
     label_->setFont(labelFont_);
-    detailsLabel_ = new NoticeLabel(true, this);
+    detailsLabel_ = new NoticeLabel(true, panel_);
     detailsLabel_->setFont(detailsLabelFont_);
     for (QLabel* each : {label_, detailsLabel_}) {
         each->setGeometry(rect());
@@ -73,11 +75,11 @@ void ZRProgressHUD::setCustomView(QWidget* view) {
         if (customView_ == guarded)
             return;
         // The notice keeps the views it is given; one replaced while not shown goes.
-        if (customView_ && customView_ != indicator_ && customView_->parent() == this)
+        if (customView_ && customView_ != indicator_ && customView_->parent() == panel_)
             customView_->deleteLater();
         customView_ = guarded;
         if (customView_) {
-            customView_->setParent(this);
+            customView_->setParent(panel_);
             customView_->hide();
         }
         emit customViewChanged();
@@ -156,7 +158,7 @@ void ZRProgressHUD::updateIndicators() {
     case ZRProgressHUDModeSpinner:
         if (!qobject_cast<ActivityIndicatorView*>(indicator_)) {
             removeIndicator();
-            auto* spinner = new ActivityIndicatorView(this);
+            auto* spinner = new ActivityIndicatorView(panel_);
             spinner->startAnimating();
             indicator_ = spinner;
         }
@@ -165,7 +167,7 @@ void ZRProgressHUD::updateIndicators() {
     case ZRProgressHUDModeRingProgress:
         if (!qobject_cast<ZRRoundProgressView*>(indicator_)) {
             removeIndicator();
-            indicator_ = new ZRRoundProgressView(this);
+            indicator_ = new ZRRoundProgressView(panel_);
         }
         // Never turned off again on the way back to the pie: the ring stays a ring.
         if (mode_ == ZRProgressHUDModeRingProgress)
@@ -173,7 +175,7 @@ void ZRProgressHUD::updateIndicators() {
         break;
     case ZRProgressHUDModeBarProgress:
         removeIndicator();
-        indicator_ = new ZRBarProgressView(this);
+        indicator_ = new ZRBarProgressView(panel_);
         break;
     case ZRProgressHUDModeCustomView:
         if (customView_ != indicator_) {
@@ -243,13 +245,20 @@ void ZRProgressHUD::setZoom(qreal zoom) {
 
 void ZRProgressHUD::setRotationAngle(qreal radians) {
     rotationAngle_ = radians;
+    placePanel();
     refreshPresentation();
+}
+
+QWidget* ZRProgressHUD::panel() const {
+    return panel_;
 }
 
 void ZRProgressHUD::refreshPresentation() {
     QTransform transform;
     transform.rotateRadians(rotationAngle_);
     presentation_->setPresentation(alpha_, QTransform::fromScale(zoom_, zoom_) * transform);
+    if (dimBackground_)
+        update();
     // Nothing to see at alpha 0; and, as on the device, nearly transparent views let touches
     // through to what lies under them.
     const bool shown = alpha_ > 0 && parentWidget() != nullptr;

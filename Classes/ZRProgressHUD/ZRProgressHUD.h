@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QFont>
 #include <QObject>
+#include <QPixmap>
 #include <QPointer>
 #include <QSizeF>
 #include <QString>
@@ -23,6 +24,7 @@ namespace pomwick {
 
 class ZRProgressHUD;
 class HUDPresentationEffect;
+class NoticePanel;
 
 enum ZRProgressHUDMode {
     ZRProgressHUDModeSpinner = 0,
@@ -183,6 +185,8 @@ public:
     std::optional<std::chrono::steady_clock::time_point> showStarted() const {
         return showStarted_;
     }
+    // The rounded panel that holds the indicator and the labels.
+    QWidget* panel() const;
     QWidget* indicator() const { return indicator_; }
     QLabel* label() const { return label_; }
     QLabel* detailsLabel() const { return detailsLabel_; }
@@ -258,7 +262,7 @@ private:
     void assign(Value& field, const Value& value, Signal signal, const char* keyPath);
 
     QSizeF contentSize() const;
-    QPointF contentOrigin() const;
+    void placePanel();
     void refreshPresentation();
 
     int animationType_ = ZRProgressHUDAnimationFade;
@@ -296,6 +300,9 @@ private:
     QPointer<QObject> targetForExecution_;
     QByteArray methodForExecution_;
     QVariant objectForExecution_;
+    NoticePanel* panel_ = nullptr;
+    QRectF panelRect_;
+    QPixmap dimming_;
     QLabel* label_ = nullptr;
     QLabel* detailsLabel_ = nullptr;
     bool isFinished_ = false;

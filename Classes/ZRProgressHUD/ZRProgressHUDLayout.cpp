@@ -1,5 +1,5 @@
 // The notice's layout (indicator, label and details stacked in a centred panel) and drawing.
-#include "PathArcs.h"
+#include "NoticePanel.h"
 #include "TextDrawing.h"
 #include "ViewGeometry.h"
 #include "ZRProgressHUD.h"
@@ -9,7 +9,6 @@
 #include <QPainter>
 #include <QRadialGradient>
 #include <cmath>
-#include <numbers>
 
 namespace pomwick {
 namespace {
@@ -39,10 +38,18 @@ QSizeF ZRProgressHUD::contentSize() const {
     return landscape ? widgetSize.transposed() : widgetSize;
 }
 
-QPointF ZRProgressHUD::contentOrigin() const {
-    // A rotated notice lays out in its turned bounds, centred where it turns.
-    const QSizeF content = contentSize();
-    return {(width() - content.width()) / 2, (height() - content.height()) / 2};
+void ZRProgressHUD::placePanel() {
+    // The layout works in the notice's own (possibly turned) bounds; the panel is turned about
+    // the notice's centre, so its centre moves with the turn and the panel itself turns with the
+    // presentation transform.
+    const QPointF fromCentre =
+        panelRect_.center() - QPointF(contentSize().width(), contentSize().height()) / 2;
+    QTransform turn;
+    turn.rotateRadians(rotationAngle_);
+    const QPointF centre = QPointF(width(), height()) / 2 + turn.map(fromCentre);
+    QRectF placed(QPointF(), panelRect_.size());
+    placed.moveCenter(centre);
+    setFrame(panel_, placed);
 }
 
 void ZRProgressHUD::layoutSubviews() {
@@ -80,21 +87,19 @@ void ZRProgressHUD::layoutSubviews() {
     totalWidth += 2 * m;
     totalHeight += 2 * m;
 
-    const QPointF origin = contentOrigin();
     const auto centred = [&](QSizeF size, qreal y) {
-        return QRectF(QPointF(std::round((w - size.width()) / 2) + xOffset_, y) + origin, size);
+        return QRectF(QPointF(std::round((w - size.width()) / 2) + xOffset_, y), size);
     };
     qreal y = std::round((h - totalHeight) / 2) + m + yOffset_;
-    if (indicator_)
-        setFrame(indicator_, centred(indicatorSize, y));
+    const QRectF indicatorFrame = centred(indicatorSize, y);
     y += indicatorSize.height();
     if (labelSize.height() > 0 && indicatorSize.height() > 0)
         y += padding;
-    setFrame(label_, centred(labelSize, y));
+    const QRectF labelFrame = centred(labelSize, y);
     y += labelSize.height();
     if (detailsSize.height() > 0 && indicatorOrLabel)
         y += padding;
-    setFrame(detailsLabel_, centred(detailsSize, y));
+    const QRectF detailsFrame = centred(detailsSize, y);
 
     if (square_) {
         const qreal side = std::max(totalWidth, totalHeight);
@@ -106,37 +111,42 @@ void ZRProgressHUD::layoutSubviews() {
     totalWidth = std::max(totalWidth, minSize_.width());
     totalHeight = std::max(totalHeight, minSize_.height());
     size_ = {totalWidth, totalHeight};
+
+    panelRect_ =
+        QRectF(std::round((w - size_.width()) / 2) + xOffset_,
+               std::round((h - size_.height()) / 2) + yOffset_, size_.width(), size_.height());
+    placePanel();
+    // The stacked parts sit in the panel, at the places computed in the notice's bounds.
+    const QPointF panelOrigin = panelRect_.topLeft();
+    if (indicator_)
+        setFrame(indicator_, indicatorFrame.translated(-panelOrigin));
+    setFrame(label_, labelFrame.translated(-panelOrigin));
+    setFrame(detailsLabel_, detailsFrame.translated(-panelOrigin));
+    panel_->setFill(color_.isValid() ? color_ : QColor::fromRgbF(0, 0, 0, opacity_), cornerRadius_);
 }
 
 void ZRProgressHUD::paintEvent(QPaintEvent*) {
     layoutIfNeeded();
+    if (!dimBackground_)
+        return;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(contentOrigin());
-    const QSizeF bounds = contentSize();
-    const qreal w = bounds.width();
-    const qreal h = bounds.height();
-    if (dimBackground_) {
+    painter.setOpacity(alpha_);
+    const qreal scale = devicePixelRatioF();
+    if (dimming_.size() != size() * scale) {
+        // Drawn once per size: the gradient is the costly part of an animation frame.
+        dimming_ = QPixmap(size() * scale);
+        dimming_.setDevicePixelRatio(scale);
+        dimming_.fill(Qt::transparent);
+        QPainter gradient(&dimming_);
+        const qreal w = width();
+        const qreal h = height();
         // Padded past its end, so the corners outside the circle take the full dimming.
         QRadialGradient dimming(QPointF(w / 2, h / 2), std::min(w, h));
         dimming.setColorAt(0.0, QColor::fromRgbF(0, 0, 0, 0));
         dimming.setColorAt(1.0, QColor::fromRgbF(0, 0, 0, 0.75f));
-        painter.fillRect(QRectF(QPointF(), bounds), dimming);
+        gradient.fillRect(rect(), dimming);
     }
-    const QColor fill = color_.isValid() ? color_ : QColor::fromRgbF(0, 0, 0, opacity_);
-    const QRectF panel(std::round((w - size_.width()) / 2) + xOffset_,
-                       std::round((h - size_.height()) / 2) + yOffset_, size_.width(),
-                       size_.height());
-    const qreal r = cornerRadius_;
-    constexpr qreal pi = std::numbers::pi;
-    QPainterPath rounded;
-    rounded.moveTo(panel.left() + r, panel.top());
-    addArc(rounded, {panel.right() - r, panel.top() + r}, r, 3 * pi / 2, 0, false);
-    addArc(rounded, {panel.right() - r, panel.bottom() - r}, r, 0, pi / 2, false);
-    addArc(rounded, {panel.left() + r, panel.bottom() - r}, r, pi / 2, pi, false);
-    addArc(rounded, {panel.left() + r, panel.top() + r}, r, pi, 3 * pi / 2, false);
-    rounded.closeSubpath();
-    painter.fillPath(rounded, fill);
+    painter.drawPixmap(0, 0, dimming_);
 }
 
 } // namespace pomwick

@@ -26,6 +26,11 @@ struct Host {
     QWidget view;
 };
 
+// A part's frame in the notice's bounds: parts sit in the panel.
+QRectF inNotice(const QWidget* part) {
+    return frame(part).translated(frame(part->parentWidget()).topLeft());
+}
+
 qreal labelHeight(const ZRProgressHUD* hud) {
     return sizeWithAttributes("X", hud->labelFont()).height();
 }
@@ -41,12 +46,12 @@ TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACentredPanel) {
     const qreal detailsHeight = details.height();
     const qreal contentHeight = 37 + 4 + label.height() + 4 + detailsHeight;
     EXPECT_DOUBLE_EQ(hud->panelSize().height(), contentHeight + 40);
-    const qreal widest = std::max({37.0, label.width(), frame(hud->detailsLabel()).width()});
+    const qreal widest = std::max({37.0, label.width(), inNotice(hud->detailsLabel()).width()});
     EXPECT_DOUBLE_EQ(hud->panelSize().width(), widest + 40);
     const qreal top = std::round((480 - hud->panelSize().height()) / 2) + 20;
-    EXPECT_EQ(frame(hud->indicator()), QRectF(std::round((320 - 37) / 2.0), top, 37, 37));
-    EXPECT_DOUBLE_EQ(frame(hud->label()).top(), top + 37 + 4);
-    EXPECT_DOUBLE_EQ(frame(hud->detailsLabel()).top(), top + 37 + 4 + label.height() + 4);
+    EXPECT_EQ(inNotice(hud->indicator()), QRectF(std::round((320 - 37) / 2.0), top, 37, 37));
+    EXPECT_DOUBLE_EQ(inNotice(hud->label()).top(), top + 37 + 4);
+    EXPECT_DOUBLE_EQ(inNotice(hud->detailsLabel()).top(), top + 37 + 4 + label.height() + 4);
     EXPECT_EQ(frame(hud), QRectF(0, 0, 320, 480)); // it covers its host
 }
 
@@ -56,7 +61,7 @@ TEST(NoticeLayout, TextOnlyWithOnlyDetailsAddsNoPadding) {
     hud->setDetailsLabelText("Only details");
     hud->layoutSubviews();
     EXPECT_EQ(hud->indicator(), nullptr);
-    EXPECT_DOUBLE_EQ(hud->panelSize().height(), frame(hud->detailsLabel()).height() + 40);
+    EXPECT_DOUBLE_EQ(hud->panelSize().height(), inNotice(hud->detailsLabel()).height() + 40);
 }
 
 TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
@@ -66,8 +71,8 @@ TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
     // Ten thousand characters wrap within W - 4m and keep only the whole lines that fit.
     hud->setDetailsLabelText(QString("word ").repeated(2000));
     hud->layoutSubviews();
-    EXPECT_DOUBLE_EQ(frame(hud->label()).width(), 320 - 80);
-    const QRectF details = frame(hud->detailsLabel());
+    EXPECT_DOUBLE_EQ(inNotice(hud->label()).width(), 320 - 80);
+    const QRectF details = inNotice(hud->detailsLabel());
     EXPECT_LE(details.width(), 240);
     const qreal room = 240 - labelHeight(hud) - 4 - 80;
     EXPECT_LE(details.height(), room);
@@ -102,11 +107,11 @@ TEST(NoticeLayout, MinSizeEnlargesThePanelButNotWhereTheContentSits) {
     ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
     hud->setLabelText("Loading");
     hud->layoutSubviews();
-    const QRectF label = frame(hud->label());
+    const QRectF label = inNotice(hud->label());
     hud->setMinSize({250, 300});
     hud->layoutSubviews();
     EXPECT_EQ(hud->panelSize(), QSizeF(250, 300));
-    EXPECT_EQ(frame(hud->label()), label);
+    EXPECT_EQ(inNotice(hud->label()), label);
 }
 
 struct PanelCase {
@@ -195,7 +200,7 @@ TEST(NoticeIndicators, ProgressReachesOnlyAnIndicatorThatHasOne) {
     hud->setCustomView(image);
     hud->setMode(ZRProgressHUDModeCustomView);
     EXPECT_EQ(hud->indicator(), image);
-    EXPECT_EQ(image->parentWidget(), hud);
+    EXPECT_EQ(image->parentWidget(), hud->panel());
     hud->setProgress(0.9f); // a label has no progress: nothing happens
     EXPECT_FLOAT_EQ(hud->progress(), 0.9f);
     hud->setMode(ZRProgressHUDModeTextOnly);

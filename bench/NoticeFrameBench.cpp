@@ -1,0 +1,59 @@
+// One animation frame of the floating notice: the fade-and-zoom animation stepped to a new time
+// and the notice (panel, spinner, label, details) drawn at scale 2, as the screen would show it.
+#include "ZRProgressHUD.h"
+
+#include <QAbstractAnimation>
+#include <QApplication>
+#include <QImage>
+#include <benchmark/benchmark.h>
+#include <clocale>
+
+using namespace pomwick;
+
+namespace {
+
+void NoticeAnimationFrame(benchmark::State& state) {
+    QWidget host;
+    host.resize(375, 623);
+    host.show();
+    auto* hud = new ZRProgressHUD(&host);
+    hud->setParent(&host);
+    hud->setAnimationType(ZRProgressHUDAnimationZoomDown);
+    hud->setLabelText("Message Sent!");
+    hud->setDetailsLabelText("Your feedback is on its way");
+    hud->setDimBackground(state.range(0) != 0);
+    QImage frame(host.size() * 2, QImage::Format_ARGB32_Premultiplied);
+    frame.setDevicePixelRatio(2);
+    int time = 0;
+    for (auto _ : state) {
+        if (hud->runningAnimation() == nullptr || time >= 290) {
+            hud->show(true);
+            time = 0;
+        }
+        time += 8; // a 120 Hz frame
+        hud->runningAnimation()->setCurrentTime(time);
+        host.render(&frame);
+    }
+}
+
+BENCHMARK(NoticeAnimationFrame)
+    ->Arg(0)
+    ->Arg(1)
+    ->ArgName("dimmed")
+    ->Unit(benchmark::kMicrosecond)
+    ->MeasureProcessCPUTime()
+    ->MinTime(2.0);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A screen at scale 2, as the frame is drawn.
+    qputenv("QT_SCALE_FACTOR", "2");
+    QApplication app(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
