@@ -8,7 +8,9 @@
 #include "ViewGeometry.h"
 #include "ZRProgressHUD.h"
 
+#include <QAbstractAnimation>
 #include <QApplication>
+#include <QBoxLayout>
 #include <QDir>
 #include <QGridLayout>
 #include <QLabel>
@@ -109,6 +111,32 @@ int main(int argc, char** argv) {
     if (!save(photograph(&gallery), out, "notice-gallery.png"))
         return 1;
     gallery.hide();
+
+    // Five frames of a zoom-down show, side by side.
+    QWidget strip;
+    strip.setWindowTitle("Frames");
+    auto* row = new QHBoxLayout(&strip);
+    std::vector<ZRProgressHUD*> frames;
+    for (int i = 0; i < 5; ++i) {
+        QWidget* host = pageLikeHost(&strip);
+        row->addWidget(host);
+        auto* hud = new ZRProgressHUD(host);
+        hud->setParent(host);
+        hud->setAnimationType(ZRProgressHUDAnimationZoomDown);
+        hud->setLabelText("Message Sent!");
+        hud->show(true);
+        frames.push_back(hud);
+    }
+    strip.show();
+    QTest::qWait(100);
+    for (int i = 0; i < 5; ++i) {
+        QAbstractAnimation* animation = frames[size_t(i)]->runningAnimation();
+        animation->pause();
+        animation->setCurrentTime(i * 75);
+    }
+    if (!save(photograph(&strip), out, "notice-frames.png"))
+        return 1;
+    strip.hide();
 
     PomwickPreferencesViewController screen;
     screen.setInitialViewSize(QSize(375, 623));

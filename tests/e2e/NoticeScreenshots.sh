@@ -18,12 +18,12 @@ printf '#!/bin/sh\ncat > /dev/null\n' > "$work/bin/sendmail"
 chmod +x "$work/bin/sendmail"
 export PATH="$work/bin:$PATH"
 
-Xvfb -displayfd 3 -screen 0 1100x900x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 1400x900x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
 xserver=$!
 for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
 [ -s "$work/display" ] || { echo "FAIL: Xvfb did not start" >&2; exit 1; }
 export DISPLAY=":$(cat "$work/display")"
 QT_QPA_PLATFORM=xcb "$gallery" "$out"
-for picture in notice-gallery mail-composer notice-sent notice-saved notice-failed; do
+for picture in notice-gallery notice-frames mail-composer notice-sent notice-saved notice-failed; do
     [ -s "$out/$picture.png" ] || { echo "FAIL: no $picture.png" >&2; exit 1; }
 done
