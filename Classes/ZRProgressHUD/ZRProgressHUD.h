@@ -249,7 +249,6 @@ private:
     static void launchExecution(QObject* target, const QByteArray& method, const QVariant& object,
                                 const QPointer<ZRProgressHUD>& self);
     void cleanUp();
-    void startWork(std::function<void()> work, QThreadPool* queue);
 
     // Runs the change here, or queues it to this notice's thread when called from another.
     template <class Change> void onOwnThread(Change change) {

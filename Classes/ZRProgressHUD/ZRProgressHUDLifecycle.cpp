@@ -23,14 +23,22 @@ int milliseconds(double seconds) {
     return int(std::lround(std::clamp(seconds, 0.0, 1e9) * 1000));
 }
 
-// Whatever the work throws stays on its thread: the notice is simply left up.
-bool ranToTheEnd(const std::function<void()>& work) {
+// On a worker thread: runs the work, then has the main thread clean the notice up, if it still
+// exists. Whatever the work throws stays on its thread, and the notice is simply left up.
+void runThenCleanUp(const std::function<void()>& work, const QPointer<ZRProgressHUD>& self,
+                    void (ZRProgressHUD::*cleanUp)()) {
     try {
         work();
-        return true;
     } catch (...) {
-        return false;
+        return;
     }
+    QMetaObject::invokeMethod(
+        qApp,
+        [self, cleanUp] {
+            if (self)
+                (self.data()->*cleanUp)();
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace
@@ -191,18 +199,12 @@ void ZRProgressHUD::showWhileExecuting(QObject* target, const char* method, cons
 void ZRProgressHUD::launchExecution(QObject* target, const QByteArray& method,
                                     const QVariant& object, const QPointer<ZRProgressHUD>& self) {
     // On the work's own thread, which touches nothing of the notice but its weak pointer.
-    const bool ended = ranToTheEnd([&] {
-        QMetaObject::invokeMethod(target, method.constData(), Qt::DirectConnection,
-                                  Q_ARG(QVariant, object));
-    });
-    if (ended)
-        QMetaObject::invokeMethod(
-            qApp,
-            [self] {
-                if (self)
-                    self->cleanUp();
-            },
-            Qt::QueuedConnection);
+    runThenCleanUp(
+        [&] {
+            QMetaObject::invokeMethod(target, method.constData(), Qt::DirectConnection,
+                                      Q_ARG(QVariant, object));
+        },
+        self, &ZRProgressHUD::cleanUp);
 }
 
 void ZRProgressHUD::showAnimated(bool animated, std::function<void()> block) {
@@ -223,14 +225,7 @@ void ZRProgressHUD::showAnimated(bool animated, std::function<void()> block, QTh
     taskInProgress_ = true;
     completionBlock_ = std::move(completion);
     queue->start([block = std::move(block), self = QPointer<ZRProgressHUD>(this)] {
-        if (ranToTheEnd(block))
-            QMetaObject::invokeMethod(
-                qApp,
-                [self] {
-                    if (self)
-                        self->cleanUp();
-                },
-                Qt::QueuedConnection);
+        runThenCleanUp(block, self, &ZRProgressHUD::cleanUp);
     });
     show(animated);
 }
