@@ -36,6 +36,8 @@ QWidget* hairline(QWidget* parent) {
 QPushButton* barButton(const QString& title, bool bold, QWidget* parent) {
     auto* button = new QPushButton(title, parent);
     button->setFlat(true);
+    // Return in the subject line must not press Cancel or Send.
+    button->setAutoDefault(false);
     button->setCursor(Qt::PointingHandCursor);
     button->setFont(Appearance::systemFont(17, bold ? QFont::DemiBold : QFont::Normal));
     button->setStyleSheet("QPushButton { border: none; color: #007aff; padding: 6px 10px; }"
