@@ -237,7 +237,8 @@ QStringList DQFontPicker::installedFaceNames() const {
 }
 
 // Every installed face, the current name in front when no face has it, in the user's
-// case-insensitive order. Sort keys are made once per name: comparing through the collator on
+// case-insensitive order. Names are case-folded first because the collator of the "C" locale
+// ignores the case setting. Sort keys are made once per name: comparing through the collator on
 // every step of the sort costs several times more.
 const QStringList& DQFontPicker::fontList() {
     if (!fontList_.isEmpty())
@@ -250,7 +251,7 @@ const QStringList& DQFontPicker::fontList() {
     std::vector<std::pair<QCollatorSortKey, qsizetype>> keys;
     keys.reserve(size_t(names.size()));
     for (qsizetype i = 0; i < names.size(); ++i)
-        keys.emplace_back(collator.sortKey(names[i]), i);
+        keys.emplace_back(collator.sortKey(names[i].toCaseFolded()), i);
     std::stable_sort(keys.begin(), keys.end(),
                      [](const auto& a, const auto& b) { return a.first.compare(b.first) < 0; });
     fontList_.reserve(names.size());

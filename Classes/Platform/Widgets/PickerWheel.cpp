@@ -283,6 +283,11 @@ void PickerWheel::resizeEvent(QResizeEvent* event) {
     retireRows(0, -1);
 }
 
+void PickerWheel::showEvent(QShowEvent* event) {
+    QListView::showEvent(event);
+    numberOfRows();
+}
+
 int PickerWheel::verticalOffset() const {
     return position();
 }
