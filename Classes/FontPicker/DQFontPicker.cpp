@@ -376,11 +376,13 @@ QWidget* DQFontPicker::viewForRow(PickerView*, int row, int component, QWidget*)
         const qreal size = name.startsWith(QLatin1String("Zapfino")) ? zapfinoRowSize : fontRowSize;
         label->setFont(
             toQFont(FontCatalogue::shared().fontWithName(name.toStdString(), float(size))));
-        label->setText(text_.isEmpty() ? name : text_);
-        label->setAccessibleName(name);
         const qreal spare = width() - wheelMargins - otherWheelsWidth;
         labelWidth =
             spare > narrowWheelWidth ? spare - rowViewInset : narrowWheelWidth - rowViewInset;
+        // Too long a name ends in an ellipsis, as labels on the device do.
+        label->setText(label->fontMetrics().elidedText(text_.isEmpty() ? name : text_,
+                                                       Qt::ElideRight, int(labelWidth)));
+        label->setAccessibleName(name);
         break;
     }
     case Wheel::Size: {
