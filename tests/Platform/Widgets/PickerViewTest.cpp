@@ -1,4 +1,5 @@
 #include "PickerView.h"
+
 #include "PickerWheel.h"
 
 #include <QApplication>
