@@ -1,0 +1,18 @@
+#include "ColourDescription.h"
+
+namespace pomwick {
+namespace {
+
+QString percent(float component) {
+    // 'f' formatting reads a component that is not a number as "nan" instead of failing.
+    return QString::number(double(component) * 100, 'f', 0) + QLatin1Char('%');
+}
+
+} // namespace
+
+QString describeColour(const Colour& colour) {
+    return QStringLiteral("red %1 green %2 blue %3")
+        .arg(percent(colour.red), percent(colour.green), percent(colour.blue));
+}
+
+} // namespace pomwick

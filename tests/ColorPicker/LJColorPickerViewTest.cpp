@@ -1,0 +1,191 @@
+#include "LJColorPickerView.h"
+
+#include <QAccessible>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace pomwick {
+namespace {
+
+class RecordingDelegate : public QObject, public LJColorPickerViewDelegate {
+public:
+    void didSelectColor(LJColorPickerView* picker, const Colour& color) override {
+        told.emplace_back(picker, color);
+    }
+    std::vector<std::pair<LJColorPickerView*, Colour>> told;
+};
+
+std::vector<Colour> palette(int count) {
+    std::vector<Colour> colours;
+    for (int i = 0; i < count; ++i)
+        colours.push_back({float(i % 256) / 255, float(i / 256 % 256) / 255, 0.5f, 1});
+    return colours;
+}
+
+struct Picker {
+    explicit Picker(int colours, int width = 320, int height = 480) {
+        view.resize(width, height);
+        view.setColors(palette(colours));
+        view.show();
+    }
+    CollectionView* grid() { return view.colorView(); }
+    QPoint centreOf(int item) {
+        return grid()->visualRect(grid()->model()->index(item, 0)).center();
+    }
+    void tap(int item) {
+        QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, centreOf(item));
+    }
+    CollectionViewCell* cell(int item) { return grid()->cellForItemAtIndexPath({0, item}); }
+    LJColorPickerView view;
+};
+
+TEST(LJColorPickerView, StartsWithItsDefaultsAndClampsWhatItIsGiven) {
+    LJColorPickerView view;
+    EXPECT_EQ(view.colorsPerRow(), 4);
+    EXPECT_EQ(view.colorCellPadding(), 2.0);
+    EXPECT_TRUE(view.highlightSelection());
+    EXPECT_EQ(view.selectionBorderColor(), Colour::white());
+    EXPECT_FALSE(view.selectedColor());
+    EXPECT_EQ(view.colorView()->numberOfItems(), 0);
+    EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2));
+
+    for (auto [given, stored] : {std::pair{0, 1}, {-3, 1}, {1, 1}, {7, 7}}) {
+        view.setColorsPerRow(given);
+        EXPECT_EQ(view.colorsPerRow(), stored) << given;
+    }
+    for (auto [given, stored] : {std::pair{-0.5, 0.0}, {0.4, 0.4}, {9.0, 9.0}}) {
+        view.setColorCellPadding(given);
+        EXPECT_EQ(view.colorCellPadding(), stored) << given;
+    }
+    view.setColorCellPadding(7);
+    EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2))
+        << "the inset keeps the padding of its creation";
+}
+
+// Swatch sides: the gap total is cut to whole points before it is subtracted from the width.
+TEST(LJColorPickerView, SizesSwatchesFromTheWidthLessTheWholeGaps) {
+    struct Case {
+        int width;
+        int perRow;
+        double padding;
+        qreal side;
+    };
+    for (const Case& c : {Case{320, 4, 2.0, 78}, Case{300, 3, 0.4, 100}, Case{300, 3, 0.5, 99},
+                          Case{321, 1, 2.0, 321}, Case{5, 4, 10.0, 0}}) {
+        Picker picker(9, c.width);
+        picker.view.setColorsPerRow(c.perRow);
+        picker.view.setColorCellPadding(c.padding);
+        const QRectF first = picker.grid()->layoutFrameForItem(0);
+        EXPECT_EQ(first.size(), QSizeF(c.side, c.side)) << c.width << " " << c.perRow;
+    }
+}
+
+TEST(LJColorPickerView, LaysSwatchesOutInRowsThatFillTheWidth) {
+    Picker picker(10);
+    CollectionView* grid = picker.grid();
+    EXPECT_EQ(grid->layoutFrameForItem(0), QRectF(0, 0, 78, 78));
+    EXPECT_EQ(grid->layoutFrameForItem(3).right(), 320) << "a full row reaches the right edge";
+    EXPECT_EQ(grid->layoutFrameForItem(4).topLeft(), QPointF(0, 80));
+    EXPECT_EQ(grid->layoutFrameForItem(9).left(), grid->layoutFrameForItem(5).left())
+        << "the last row stands under the row above";
+    EXPECT_EQ(grid->contentOffset(), QPointF(0, 0));
+}
+
+TEST(LJColorPickerView, TapBordersTheSwatchAndReportsItsColour) {
+    Picker picker(10);
+    RecordingDelegate delegate;
+    picker.view.setDelegate(&delegate);
+
+    QTest::mousePress(picker.grid()->viewport(), Qt::LeftButton, {}, picker.centreOf(2));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return picker.cell(2) && picker.cell(2)->alpha() == 0.5; }))
+        << "dimmed while pressed";
+    QTest::mouseRelease(picker.grid()->viewport(), Qt::LeftButton, {}, picker.centreOf(2));
+    EXPECT_EQ(picker.cell(2)->alpha(), 1.0);
+    EXPECT_EQ(picker.cell(2)->borderWidth(), 5.0);
+    EXPECT_EQ(picker.cell(2)->borderColour(), QColor(Qt::white));
+    ASSERT_EQ(delegate.told.size(), 1u);
+    EXPECT_EQ(delegate.told[0].first, &picker.view);
+    EXPECT_EQ(delegate.told[0].second, palette(10)[2]);
+    EXPECT_EQ(picker.view.selectedColor(), palette(10)[2]);
+
+    picker.tap(5);
+    EXPECT_EQ(picker.cell(2)->borderWidth(), 0) << "single selection";
+    EXPECT_EQ(picker.cell(5)->borderWidth(), 5.0);
+
+    picker.view.setHighlightSelection(false);
+    EXPECT_FALSE(picker.grid()->indexPathForSelectedItem()) << "a reset clears the selection";
+    EXPECT_EQ(picker.view.selectedColor(), palette(10)[5]) << "but keeps the colour";
+    picker.tap(7);
+    EXPECT_EQ(picker.cell(7)->borderWidth(), 0);
+    EXPECT_EQ(delegate.told.size(), 3u);
+    EXPECT_EQ(picker.view.selectedColor(), palette(10)[7]);
+}
+
+TEST(LJColorPickerView, DelegatesThatCannotBeToldAreLeftAlone) {
+    Picker picker(4);
+    QObject unaware;
+    picker.view.setDelegate(&unaware);
+    picker.tap(1);
+    EXPECT_EQ(picker.view.selectedColor(), palette(4)[1]);
+
+    auto gone = std::make_unique<RecordingDelegate>();
+    picker.view.setDelegate(gone.get());
+    gone.reset();
+    EXPECT_EQ(picker.view.delegate(), nullptr);
+    picker.tap(3);
+    EXPECT_EQ(picker.view.selectedColor(), palette(4)[3]);
+}
+
+TEST(LJColorPickerView, EverySetterScrollsBackToTheTop) {
+    Picker picker(400);
+    picker.grid()->setContentOffset({0, 900});
+    ASSERT_EQ(picker.grid()->contentOffset(), QPointF(0, 900));
+    picker.view.setSelectionBorderColor(Colour::black());
+    EXPECT_EQ(picker.grid()->contentOffset(), QPointF(0, 0));
+}
+
+TEST(LJColorPickerView, PalettesOfAnySizeAndGridsNarrowerThanTheirPadding) {
+    for (int count : {0, 1, 10000}) {
+        Picker picker(count);
+        EXPECT_EQ(picker.grid()->numberOfItems(), count);
+        picker.grid()->setContentOffset({0, 1e9});
+        EXPECT_FALSE(picker.view.grab().isNull());
+    }
+    Picker narrow(50, 4);
+    narrow.view.setColorCellPadding(10);
+    EXPECT_FALSE(narrow.view.grab().isNull());
+    narrow.view.setColors({});
+    EXPECT_EQ(narrow.grid()->numberOfItems(), 0);
+}
+
+TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelects) {
+    Picker picker(12);
+    RecordingDelegate delegate;
+    picker.view.setDelegate(&delegate);
+    picker.grid()->setFocus();
+    for (Qt::Key key :
+         {Qt::Key_Home, Qt::Key_Right, Qt::Key_Down, Qt::Key_Right, Qt::Key_Down, Qt::Key_Left})
+        QTest::keyClick(picker.grid(), key);
+    EXPECT_TRUE(delegate.told.empty()) << "moving the focus selects nothing";
+    QTest::keyClick(picker.grid(), Qt::Key_Space);
+    ASSERT_EQ(delegate.told.size(), 1u);
+    EXPECT_EQ(delegate.told[0].second, palette(12)[9]);
+    QTest::keyClick(picker.grid(), Qt::Key_End);
+    QTest::keyClick(picker.grid(), Qt::Key_Return);
+    EXPECT_EQ(picker.view.selectedColor(), palette(12)[11]);
+}
+
+TEST(LJColorPickerView, ReadsAsAListOfNamedColours) {
+    Picker picker(3);
+    picker.view.setColors({{1, 0.5f, 0, 1}, Colour::black()});
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(picker.grid());
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    ASSERT_EQ(list->childCount(), 2);
+    EXPECT_EQ(list->child(0)->text(QAccessible::Name), "red 100% green 50% blue 0%");
+    EXPECT_EQ(list->child(1)->text(QAccessible::Name), "red 0% green 0% blue 0%");
+}
+
+} // namespace
+} // namespace pomwick
