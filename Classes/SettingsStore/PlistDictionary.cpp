@@ -87,10 +87,16 @@ std::optional<PlistDictionary> PlistDictionary::readFromFile(const std::filesyst
     const auto bytes = readBounded(path);
     if (!bytes)
         return std::nullopt;
+    return fromBytes(std::string_view(bytes->data(), bytes->size()));
+}
+
+std::optional<PlistDictionary> PlistDictionary::fromBytes(std::string_view bytes) {
+    if (bytes.empty() || bytes.size() > maximumFileSize)
+        return std::nullopt;
     plist_t root = nullptr;
     const CNumericLocale numbers;
     // Picks binary or XML by the "bplist00" signature; a parse failure leaves root NULL.
-    plist_from_memory(bytes->data(), static_cast<uint32_t>(bytes->size()), &root);
+    plist_from_memory(bytes.data(), static_cast<uint32_t>(bytes.size()), &root);
     if (root == nullptr)
         return std::nullopt;
     if (plist_get_node_type(root) != PLIST_DICT) {

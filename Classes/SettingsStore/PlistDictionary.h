@@ -34,6 +34,8 @@ public:
     // Nothing when the file is missing, unreadable, too large, not a property list, or its root
     // is not a dictionary.
     static std::optional<PlistDictionary> readFromFile(const std::filesystem::path& path);
+    // The same for bytes already read.
+    static std::optional<PlistDictionary> fromBytes(std::string_view bytes);
 
     std::optional<StoredValue> lookup(std::string_view key) const;
     void setString(std::string_view key, std::string_view value);
