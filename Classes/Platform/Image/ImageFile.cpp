@@ -1,22 +1,27 @@
 #include "ImageFile.h"
 
 #include "AtomicFile.h"
+#include "RegularFile.h"
 
 #include <QBuffer>
 #include <QImageReader>
 
 namespace pomwick {
 namespace {
-constexpr qint64 maximumFileBytes = 8 * 1024 * 1024;
+constexpr std::size_t maximumFileBytes = 8 * 1024 * 1024;
 constexpr int maximumPixelsPerSide = 4096;
 } // namespace
 
-QImage imageWithContentsOfFile(const std::filesystem::path& path) {
-    std::error_code error;
-    const auto bytes = std::filesystem::file_size(path, error);
-    if (error || bytes == 0 || bytes > static_cast<std::uintmax_t>(maximumFileBytes))
+QImage imageWithData(const QByteArray& bytes) {
+    if (bytes.isEmpty() || static_cast<std::size_t>(bytes.size()) > maximumFileBytes)
         return {};
-    QImageReader reader(QString::fromStdString(path.string()));
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    // PNG only, whatever the bytes look like: every image the product reads is one, and no
+    // other decoder needs to see outside bytes.
+    QImageReader reader(&buffer, "png");
+    reader.setAutoDetectImageFormat(false);
     const QSize declared = reader.size();
     if (!declared.isValid() || declared.width() > maximumPixelsPerSide ||
         declared.height() > maximumPixelsPerSide)
@@ -26,6 +31,14 @@ QImage imageWithContentsOfFile(const std::filesystem::path& path) {
         return {};
     image.setDevicePixelRatio(1.0);
     return image;
+}
+
+QImage imageWithContentsOfFile(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto bytes = readRegularFile(path, maximumFileBytes, error);
+    if (!bytes)
+        return {};
+    return imageWithData(QByteArray::fromStdString(*bytes));
 }
 
 bool writePngAtomically(const QImage& image, const std::filesystem::path& path) {
