@@ -10,6 +10,7 @@
 #include <cmath>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 
 namespace pomwick {
 namespace {
@@ -21,8 +22,37 @@ int fail(const QString& problem) {
     return operationFailed;
 }
 
+// What stands at the output path when the picture must not replace it: anything but a regular
+// file (a symbolic link too, which the rename would replace rather than follow).
+std::optional<const char*> unreplaceable(const std::filesystem::path& output) {
+    using std::filesystem::file_type;
+    std::error_code error;
+    switch (std::filesystem::symlink_status(output, error).type()) {
+    case file_type::none:
+    case file_type::not_found:
+    case file_type::regular:
+        return std::nullopt;
+    case file_type::directory:
+        return "a directory";
+    case file_type::symlink:
+        return "a symbolic link";
+    case file_type::block:
+    case file_type::character:
+        return "a device node";
+    case file_type::fifo:
+        return "a FIFO";
+    case file_type::socket:
+        return "a socket";
+    default:
+        return "a file of an unknown kind";
+    }
+}
+
 int preview(const std::vector<std::string>& arguments) {
     const std::filesystem::path output = std::filesystem::absolute(arguments[0]);
+    if (const auto what = unreplaceable(output))
+        return fail(QString::fromStdString("will not replace " + output.string() + ": it is " +
+                                           *what + ", not a regular file"));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;
