@@ -5,15 +5,36 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QtEndian>
 
 namespace pomwick {
 namespace {
 constexpr std::size_t maximumFileBytes = 8 * 1024 * 1024;
 constexpr int maximumPixelsPerSide = 4096;
+
+// A PNG signature, then chunks (length, type, data, CRC) up to IEND, each within the bytes. The
+// decoder reserves what a chunk declares before reading it: unchecked, a file of a few hundred
+// bytes could make it reserve half a gigabyte.
+bool chunksFitIn(const QByteArray& bytes) {
+    constexpr QByteArrayView signature("\x89PNG\r\n\x1a\n", 8);
+    if (!bytes.startsWith(signature))
+        return false;
+    constexpr qsizetype framing = 12;
+    for (qsizetype at = signature.size(); at + framing <= bytes.size();) {
+        const quint32 length = qFromBigEndian<quint32>(bytes.constData() + at);
+        if (length > quint64(bytes.size() - at - framing))
+            return false;
+        if (QByteArrayView(bytes.constData() + at + 4, 4) == "IEND")
+            return true;
+        at += framing + qsizetype(length);
+    }
+    return false;
+}
+
 } // namespace
 
 QImage imageWithData(const QByteArray& bytes) {
-    if (bytes.isEmpty() || static_cast<std::size_t>(bytes.size()) > maximumFileBytes)
+    if (static_cast<std::size_t>(bytes.size()) > maximumFileBytes || !chunksFitIn(bytes))
         return {};
     QBuffer buffer;
     buffer.setData(bytes);
