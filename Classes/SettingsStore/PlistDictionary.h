@@ -39,7 +39,8 @@ public:
 
     std::optional<StoredValue> lookup(std::string_view key) const;
     void setString(std::string_view key, std::string_view value);
-    void remove(std::string_view key);
+    // Whether the key was there.
+    bool remove(std::string_view key);
 
     // Writes XML to a unique temporary file beside the target and renames it over the target, so
     // that a reader sees the old file or the new one, whole. Creates the folder if needed.

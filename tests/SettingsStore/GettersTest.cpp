@@ -7,13 +7,9 @@ using namespace pomwick;
 using pomwick::test::SettingsRoot;
 using pomwick::test::stringsPlist;
 
-TEST(SettingsGetters, NoFileGivesEveryDefault) {
+TEST(SettingsGetters, NoFileOrAnEmptyDictionaryGivesEveryDefault) {
     SettingsRoot root;
     pomwick::test::expectEveryDefault();
-}
-
-TEST(SettingsGetters, EmptyDictionaryGivesEveryDefault) {
-    SettingsRoot root;
     root.writeSettings(stringsPlist({}));
     pomwick::test::expectEveryDefault();
 }
