@@ -1,3 +1,4 @@
+#include "AtomicFile.h"
 #include "BundleInstallation.h"
 #include "ImageFile.h"
 #include "PreviewComposition.h"
@@ -10,7 +11,6 @@
 #include <cmath>
 #include <filesystem>
 #include <iostream>
-#include <optional>
 
 namespace pomwick {
 namespace {
@@ -22,37 +22,11 @@ int fail(const QString& problem) {
     return operationFailed;
 }
 
-// What stands at the output path when the picture must not replace it: anything but a regular
-// file (a symbolic link too, which the rename would replace rather than follow).
-std::optional<const char*> unreplaceable(const std::filesystem::path& output) {
-    using std::filesystem::file_type;
-    std::error_code error;
-    switch (std::filesystem::symlink_status(output, error).type()) {
-    case file_type::none:
-    case file_type::not_found:
-    case file_type::regular:
-        return std::nullopt;
-    case file_type::directory:
-        return "a directory";
-    case file_type::symlink:
-        return "a symbolic link";
-    case file_type::block:
-    case file_type::character:
-        return "a device node";
-    case file_type::fifo:
-        return "a FIFO";
-    case file_type::socket:
-        return "a socket";
-    default:
-        return "a file of an unknown kind";
-    }
-}
-
 int preview(const std::vector<std::string>& arguments) {
     const std::filesystem::path output = std::filesystem::absolute(arguments[0]);
-    if (const auto what = unreplaceable(output))
-        return fail(QString::fromStdString("will not replace " + output.string() + ": it is " +
-                                           *what + ", not a regular file"));
+    // Before asking the renderer for anything: the write would refuse it anyway.
+    if (const auto refusal = whyNotReplaceable(output))
+        return fail(QString::fromStdString(*refusal));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;

@@ -121,15 +121,14 @@ TEST_F(PreviewEndToEnd, RefusesToReplaceAnythingButARegularFileAndNeverWaitsOnAF
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0644), 0);
     root.writeFile("/target.png", "keep");
     std::filesystem::create_symlink(target, link);
-    const std::pair<std::filesystem::path, const char*> outputs[] = {
-        {folder, "a directory"}, {fifo, "a FIFO"}, {link, "a symbolic link"}};
-    for (const auto& [output, kind] : outputs) {
+    for (const auto& output : {folder, fifo, link}) {
         const auto before = std::filesystem::symlink_status(output).type();
         const ToolRun run = defaults({"preview", QString::fromStdString(output.string())});
         EXPECT_EQ(run.status, 1);
-        EXPECT_TRUE(run.err.contains(kind) && run.err.contains("not a regular file"))
+        EXPECT_TRUE(
+            run.err.contains(QString::fromStdString(output.string() + " is not a regular file")))
             << run.err.toStdString();
-        EXPECT_EQ(std::filesystem::symlink_status(output).type(), before) << kind;
+        EXPECT_EQ(std::filesystem::symlink_status(output).type(), before) << output;
     }
     EXPECT_EQ(root.readFile("/target.png"), "keep");
 
