@@ -67,10 +67,13 @@ std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) 
     return bytes;
 }
 
+} // namespace
+
 // XML, as long as XML can carry every text: written raw, a control character would make the file
 // unreadable to every other reader. Else the binary format, which carries any character; text
 // that is not even UTF-8 (only another program can have stored it) goes as U+FFFD in XML.
-std::optional<std::string> encoded(plist_t root) {
+std::optional<std::string> PlistDictionary::encoded() const {
+    const plist_t root = node(root_);
     const CNumericLocale numbers;
     char* xml = nullptr;
     uint32_t length = 0;
@@ -90,8 +93,6 @@ std::optional<std::string> encoded(plist_t root) {
     plist_to_bin_free(binary);
     return bytes;
 }
-
-} // namespace
 
 PlistDictionary::PlistDictionary() : root_(plist_new_dict()) {}
 PlistDictionary::PlistDictionary(void* root) : root_(root) {}
@@ -188,7 +189,7 @@ bool PlistDictionary::remove(std::string_view key) {
 
 std::optional<std::string>
 PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
-    const auto bytes = encoded(node(root_));
+    const auto bytes = encoded();
     if (!bytes)
         return std::string("cannot encode the settings as a property list");
     return writeFileAtomically(path, *bytes);

@@ -42,6 +42,9 @@ public:
     // Whether the key was there.
     bool remove(std::string_view key);
 
+    // The file's bytes: XML, or the binary format when the text holds what XML cannot carry.
+    std::optional<std::string> encoded() const;
+
     // Writes the dictionary to a unique temporary file beside the target and renames it over the
     // target, so that a reader sees the old file or the new one, whole. Creates the folder if
     // needed. Returns the reason on failure, leaving the old file as it was and no temporary.
