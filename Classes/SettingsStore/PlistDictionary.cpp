@@ -69,6 +69,31 @@ std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) 
 
 } // namespace
 
+// XML, as long as XML can carry every text: written raw, a control character would make the file
+// unreadable to every other reader. Else the binary format, which carries any character; text
+// that is not even UTF-8 (only another program can have stored it) goes as U+FFFD in XML.
+std::optional<std::string> PlistDictionary::encoded() const {
+    const plist_t root = node(root_);
+    const CNumericLocale numbers;
+    char* xml = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(root, &xml, &length);
+    if (xml == nullptr)
+        return std::nullopt;
+    std::string text(xml, length);
+    plist_to_xml_free(xml);
+    if (isXmlText(text))
+        return text;
+    char* binary = nullptr;
+    if (!whyNotPlistText(text))
+        plist_to_bin(root, &binary, &length);
+    if (binary == nullptr)
+        return withXmlCharactersOnly(text);
+    std::string bytes(binary, length);
+    plist_to_bin_free(binary);
+    return bytes;
+}
+
 PlistDictionary::PlistDictionary() : root_(plist_new_dict()) {}
 PlistDictionary::PlistDictionary(void* root) : root_(root) {}
 
@@ -164,19 +189,10 @@ bool PlistDictionary::remove(std::string_view key) {
 
 std::optional<std::string>
 PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
-    char* xml = nullptr;
-    uint32_t length = 0;
-    {
-        const CNumericLocale numbers;
-        plist_to_xml(node(root_), &xml, &length);
-    }
-    if (xml == nullptr)
+    const auto bytes = encoded();
+    if (!bytes)
         return std::string("cannot encode the settings as a property list");
-    // Text that another program stored may hold what XML cannot carry; written raw, it would
-    // make the file unreadable to every other reader.
-    const std::string carried = withXmlCharactersOnly(std::string_view(xml, length));
-    plist_to_xml_free(xml);
-    return writeFileAtomically(path, carried);
+    return writeFileAtomically(path, *bytes);
 }
 
 } // namespace pomwick

@@ -217,6 +217,10 @@ bool isSafeBinaryPlist(std::string_view bytes) {
 bool isSafeXmlPlist(std::string_view bytes) {
     if (bytes.find('\0') != std::string_view::npos)
         return false;
+    // The <plist> element around the root is one more level and element than the binary format
+    // has, so that whatever one format holds within the limits, the other does too.
+    constexpr size_t maximumDepth = PlistLimits::maximumDepth + 1;
+    constexpr size_t maximumElements = PlistLimits::maximumObjects + 1;
     size_t depth = 0;
     size_t elements = 0;
     for (size_t at = bytes.find('<'); at != std::string_view::npos; at = bytes.find('<', at)) {
@@ -236,9 +240,9 @@ bool isSafeXmlPlist(std::string_view bytes) {
         } else {
             ++at;
             const auto closesItself = skipTag(bytes, at);
-            if (!closesItself || ++elements > PlistLimits::maximumObjects)
+            if (!closesItself || ++elements > maximumElements)
                 return false;
-            if (!*closesItself && ++depth > PlistLimits::maximumDepth)
+            if (!*closesItself && ++depth > maximumDepth)
                 return false;
         }
         if (!skipped)

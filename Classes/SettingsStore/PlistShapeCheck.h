@@ -20,7 +20,8 @@ struct PlistLimits {
 // string holds a NUL.
 bool isSafeBinaryPlist(std::string_view bytes);
 
-// XML: no NUL byte, at most maximumDepth open elements at a time and maximumObjects elements.
+// XML: no NUL byte, at most maximumDepth open elements at a time and maximumObjects elements,
+// not counting the <plist> element around them.
 bool isSafeXmlPlist(std::string_view bytes);
 
 } // namespace pomwick

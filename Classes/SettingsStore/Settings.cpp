@@ -91,7 +91,7 @@ BadgeLocation getBadgeLocation() {
 
 std::optional<std::string> trySetPreferencesObjectKey(std::string_view value,
                                                       std::string_view key) {
-    if (auto problem = whyNotXmlText(value))
+    if (auto problem = whyNotPlistText(value))
         return problem;
     return changeSettingsFile([&](PlistDictionary& dictionary) {
         dictionary.setString(key, value);

@@ -27,7 +27,7 @@ BadgeLocation getBadgeLocation();
 
 // Stores the text under the key, keeping every other key; a failed write is ignored. Writers in
 // any process take turns (a lock file beside the settings file), so none loses another's key.
-// Text that is not valid UTF-8 or holds a character XML cannot carry is not stored.
+// Text that is not valid UTF-8 or holds U+0000 is not stored.
 void setPreferencesObjectKey(std::string_view value, std::string_view key);
 
 // The same write, for callers that must tell the user why it failed: the reason, or nothing.

@@ -1,7 +1,5 @@
 #include "XmlText.h"
 
-#include <cstdio>
-
 namespace pomwick {
 
 std::optional<char32_t> nextCodePoint(std::string_view text, size_t& at) {
@@ -46,19 +44,25 @@ bool isXmlCharacter(char32_t c) {
            (c >= 0xE000 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0x10FFFF);
 }
 
-std::optional<std::string> whyNotXmlText(std::string_view text) {
+std::optional<std::string> whyNotPlistText(std::string_view text) {
     for (size_t at = 0; at < text.size();) {
         const auto c = nextCodePoint(text, at);
         if (!c)
             return std::string("the value is not valid UTF-8 text");
-        if (!isXmlCharacter(*c)) {
-            char code[16];
-            std::snprintf(code, sizeof code, "U+%04X", static_cast<unsigned>(*c));
-            return std::string("the value holds the character ") + code +
-                   ", which a property list cannot carry";
-        }
+        if (*c == 0)
+            return std::string("the value holds the character U+0000, which a property list "
+                               "cannot carry");
     }
     return std::nullopt;
+}
+
+bool isXmlText(std::string_view text) {
+    for (size_t at = 0; at < text.size();) {
+        const auto c = nextCodePoint(text, at);
+        if (!c || !isXmlCharacter(*c))
+            return false;
+    }
+    return true;
 }
 
 std::string withXmlCharactersOnly(std::string_view text) {

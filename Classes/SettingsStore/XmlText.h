@@ -15,9 +15,12 @@ std::optional<char32_t> nextCodePoint(std::string_view text, size_t& at);
 // except U+FFFE, U+FFFF and the surrogates.
 bool isXmlCharacter(char32_t c);
 
-// Why a value cannot be stored as property-list text (invalid UTF-8, a character XML cannot
-// carry), or nothing when it can.
-std::optional<std::string> whyNotXmlText(std::string_view text);
+// Why a value cannot be stored as property-list text (it is not valid UTF-8, or holds U+0000),
+// or nothing when it can.
+std::optional<std::string> whyNotPlistText(std::string_view text);
+
+// Valid UTF-8 of characters XML can carry only.
+bool isXmlText(std::string_view text);
 
 // The text with every invalid sequence and every character XML cannot carry replaced by U+FFFD.
 std::string withXmlCharactersOnly(std::string_view text);

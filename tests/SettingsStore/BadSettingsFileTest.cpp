@@ -3,6 +3,7 @@
 #include "Settings.h"
 #include "SettingsFile.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -124,23 +125,24 @@ TEST_F(BadSettingsFile, NumbersAnswerAsNumbers) {
     EXPECT_EQ(getBadgeFontSize(), 1);
 }
 
-TEST_F(BadSettingsFile, TextXmlCannotCarryIsNeverWrittenRaw) {
-    // Another program stored a control character (as a character reference) and invalid UTF-8.
-    root.writeSettings(plistXml("<dict><key>BADGE_FONT</key><string>a&#x1;b</string>"
-                                "<key>Other</key><string>\xff\xfe</string></dict>"));
-    for (const std::string refused : {"a\x01"
-                                      "b",
-                                      "\xff\xc3\x28", "\xef\xbf\xbe"}) {
+TEST_F(BadSettingsFile, TextXmlCannotCarryIsNeverWrittenRawIntoXml) {
+    // Text that is no UTF-8, or holds a NUL, is refused and nothing is written.
+    for (const std::string& refused : {std::string("\xff\xc3\x28"), std::string("a\0b", 3)})
         EXPECT_TRUE(trySetPreferencesObjectKey(refused, SettingsKey::badgeTextFieldText));
-        EXPECT_EQ(getBadgeTextFieldText(), "");
-    }
+    EXPECT_FALSE(std::filesystem::exists(hostPath(DevicePath::preferencesFile)));
+
+    // A control character is kept whole, in the binary format, which carries it.
+    const std::string control = "a\tb\x01"
+                                "c\x1b"
+                                "d";
+    ASSERT_FALSE(trySetPreferencesObjectKey(control, SettingsKey::badgeTextFieldText));
+    EXPECT_EQ(root.settingsBytes().rfind("bplist00", 0), 0u);
+    EXPECT_EQ(getBadgeTextFieldText(), control);
+
+    // Invalid UTF-8 that another program stored cannot go into either format: it becomes U+FFFD.
+    root.writeSettings(plistXml("<dict><key>Other</key><string>a\xff\xfe</string></dict>"));
     ASSERT_FALSE(trySetPreferencesObjectKey("Hi", SettingsKey::badgeTextFieldText));
-    const std::string written = root.settingsBytes();
-    EXPECT_EQ(written.find('\x01'), std::string::npos);
-    EXPECT_EQ(written.find('\xff'), std::string::npos);
-    // Both are kept as replacement characters, and the file stays readable.
-    EXPECT_NE(written.find("a\xef\xbf\xbd"
-                           "b"),
+    EXPECT_NE(root.settingsBytes().find("<string>a\xef\xbf\xbd\xef\xbf\xbd</string>"),
               std::string::npos);
     EXPECT_EQ(getBadgeTextFieldText(), "Hi");
 }

@@ -158,21 +158,16 @@ TEST(DefaultsTool, OnlyARegularFileAtTheSettingsPathIsReadOrReplaced) {
     }
 }
 
-TEST(DefaultsTool, TextIsStoredOnlyAsValidXmlAndReadWithControlCharactersEscaped) {
+TEST(DefaultsTool, InvalidUtf8IsRefusedAndReadShowsControlCharactersEscaped) {
     TemporaryDeviceRoot root;
     const QString dir = rootOf(root);
     // Bytes that are no UTF-8 only reach the tool through a shell.
-    const std::pair<QString, const char*> refused[] = {{"a\\001b", "U+0001"},
-                                                       {"\\377\\376", "not valid UTF-8"}};
-    for (const auto& [text, reason] : refused) {
-        const ToolRun run = defaults(
-            {"-c",
-             "exec \"$0\" --root \"$1\" write BADGE_TEXT_FIELD_TEXT \"$(printf '" + text + "')\"",
-             DEFAULTS_TOOL, dir},
-            {}, "/bin/sh");
-        EXPECT_EQ(run.status, 1);
-        EXPECT_NE(run.err.find(reason), std::string::npos) << run.err;
-    }
+    const ToolRun refused = defaults(
+        {"-c", "exec \"$0\" --root \"$1\" write BADGE_TEXT_FIELD_TEXT \"$(printf 'a\\377')\"",
+         DEFAULTS_TOOL, dir},
+        {}, "/bin/sh");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("not valid UTF-8"), std::string::npos) << refused.err;
     EXPECT_FALSE(settingsFileExists());
 
     // Another program stored an escape sequence, a tab, a backslash and a stray byte.
