@@ -1,5 +1,6 @@
 #include "TerminationSignals.h"
 
+#include <QCoreApplication>
 #include <QSocketNotifier>
 #include <csignal>
 #include <sys/socket.h>
@@ -8,12 +9,39 @@
 namespace pomwick {
 namespace {
 
-int signalPipe[2] = {-1, -1};
+// Time the event loop has to end the program once asked.
+constexpr unsigned graceSeconds = 2;
 
-// Only async-signal-safe work here: the event loop does the rest.
+int signalPipe[2] = {-1, -1};
+volatile sig_atomic_t pendingSignal = 0;
+
+// Ends the program as the pending signal would have without a handler.
+void endByDefaultAction(int) {
+    const int number = pendingSignal;
+    ::signal(number, SIG_DFL);
+    ::raise(number);
+}
+
+// Only async-signal-safe work here: the event loop does the rest. The main thread may be stuck
+// in a call that does not return (a read of a FIFO nobody writes): should the program not end
+// within the grace period, or the signal come again, the signal's default action ends it.
 void forwardSignal(int number) {
+    if (pendingSignal != 0) {
+        endByDefaultAction(number);
+        return;
+    }
+    pendingSignal = number;
     const char byte = static_cast<char>(number);
     [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
+    ::alarm(graceSeconds);
+}
+
+void install(int number, void (*handler)(int)) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    ::sigaction(number, &action, nullptr);
 }
 
 } // namespace
@@ -21,18 +49,17 @@ void forwardSignal(int number) {
 void handleTerminationSignals(std::function<void()> onTermination) {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signalPipe) != 0)
         return;
-    auto* notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read);
+    // Owned by the application, which outlives the event loop.
+    auto* notifier =
+        new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(notifier, &QSocketNotifier::activated, notifier, [onTermination] {
         char byte = 0;
         [[maybe_unused]] const ssize_t got = ::read(signalPipe[0], &byte, 1);
         onTermination();
     });
-    struct sigaction action {};
-    action.sa_handler = forwardSignal;
-    sigemptyset(&action.sa_mask);
-    action.sa_flags = SA_RESTART;
+    install(SIGALRM, endByDefaultAction);
     for (const int number : {SIGTERM, SIGINT, SIGHUP})
-        ::sigaction(number, &action, nullptr);
+        install(number, forwardSignal);
 }
 
 } // namespace pomwick

@@ -1,3 +1,4 @@
+#include "AtomicFile.h"
 #include "BundleInstallation.h"
 #include "ImageFile.h"
 #include "PreviewComposition.h"
@@ -23,6 +24,9 @@ int fail(const QString& problem) {
 
 int preview(const std::vector<std::string>& arguments) {
     const std::filesystem::path output = std::filesystem::absolute(arguments[0]);
+    // Before asking the renderer for anything: the write would refuse it anyway.
+    if (const auto refusal = whyNotReplaceable(output))
+        return fail(QString::fromStdString(*refusal));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;

@@ -1,17 +1,10 @@
-#include "EffectiveValueText.h"
 #include "Settings.h"
 #include "ToolCommand.h"
 
-#include <algorithm>
 #include <iostream>
 
 namespace pomwick {
 namespace {
-
-bool isKnownKey(const std::string& key) {
-    return std::find(SettingsKey::all.begin(), SettingsKey::all.end(), key) !=
-           SettingsKey::all.end();
-}
 
 int unknownKey(const std::string& key) {
     std::cerr << "pomwick-defaults: unknown key '" << key << "' (run 'pomwick-defaults read' "
@@ -28,25 +21,25 @@ int reportFailure(const std::optional<std::string>& failure) {
 
 int read(const std::vector<std::string>& arguments) {
     if (arguments.empty()) {
-        for (const std::string_view key : SettingsKey::all)
-            std::cout << key << " = " << *effectiveValueText(key) << "\n";
+        for (const Setting& setting : settingsTable)
+            std::cout << setting.key << " = " << printedValue(effectiveValue(setting)) << "\n";
         return 0;
     }
-    const auto value = effectiveValueText(arguments[0]);
-    if (!value)
+    const Setting* setting = findSetting(arguments[0]);
+    if (setting == nullptr)
         return unknownKey(arguments[0]);
-    std::cout << *value << "\n";
+    std::cout << printedValue(effectiveValue(*setting)) << "\n";
     return 0;
 }
 
 int write(const std::vector<std::string>& arguments) {
-    if (!isKnownKey(arguments[0]))
+    if (findSetting(arguments[0]) == nullptr)
         return unknownKey(arguments[0]);
     return reportFailure(trySetPreferencesObjectKey(arguments[1], arguments[0]));
 }
 
 int remove(const std::vector<std::string>& arguments) {
-    if (!isKnownKey(arguments[0]))
+    if (findSetting(arguments[0]) == nullptr)
         return unknownKey(arguments[0]);
     return reportFailure(tryRemovePreferencesObjectKey(arguments[0]));
 }

@@ -7,7 +7,7 @@ packages=(
     build-essential cmake ninja-build pkg-config git
     qt6-base-dev qt6-base-dev-tools libgl-dev
     libplist-dev libplist-utils libfontconfig-dev fontconfig fonts-dejavu-core fonts-liberation2
-    libgtest-dev libgmock-dev libbenchmark-dev
+    libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
     dbus-daemon dbus-bin dbus-x11 libglib2.0-bin
     xvfb xauth xdotool x11-utils imagemagick
     adwaita-icon-theme librsvg2-bin locales-all

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test: first the release build, then the same
-# tests built with AddressSanitizer and UndefinedBehaviorSanitizer.
+# tests built with AddressSanitizer and UndefinedBehaviorSanitizer, then every fuzzer for
+# POMWICK_FUZZ_SECONDS (60) each.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -15,3 +16,8 @@ for kind in release sanitize; do
     echo "== tests ($kind)"
     ctest --test-dir "$dir" --output-on-failure -j 2 --timeout 300
 done
+
+scripts/build.sh fuzz
+cmake -S . -B build-fuzz -DPOMWICK_FUZZ_SECONDS="${POMWICK_FUZZ_SECONDS:-60}" >/dev/null
+echo "== fuzzers (${POMWICK_FUZZ_SECONDS:-60} s each)"
+ctest --test-dir build-fuzz --output-on-failure -j 2 -L fuzz

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 namespace pomwick {
 
@@ -19,8 +20,12 @@ std::filesystem::path tmpFile(const char* fileName);
 std::filesystem::path bundleFile(const char* fileName);
 
 // The icon size the renderer reported: the leading float of iconSize.txt, or nothing when the
-// file does not exist.
+// file does not exist. A file that cannot be read whole as UTF-8 text (not a regular file, over
+// a few MiB, invalid UTF-8) reads as 0; a FIFO is never waited on.
 std::optional<float> readReportedIconSize();
+// The leading decimal number of iconSize.txt's bytes, after any white space; 0 when they are not
+// UTF-8 or hold no number.
+float iconSizeFromText(std::string_view bytes);
 
 // The badge background the renderer drew last; a null image when missing or unusable.
 QImage loadBadgeBackground();

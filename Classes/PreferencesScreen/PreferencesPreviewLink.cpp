@@ -8,17 +8,37 @@
 #include "ViewGeometry.h"
 
 #include <QPixmap>
+#include <QTimer>
 
 namespace pomwick {
+
+namespace {
+
+// Runs the action on the next turn of the event loop, once however often it is asked before
+// then: a burst of messages that only ask for a refresh costs one refresh, not one each, while
+// messages that come one at a time are each answered as before.
+MessagingCenter::Handler coalesced(QObject* owner, std::function<void()> action) {
+    auto* nextTurn = new QTimer(owner);
+    nextTurn->setSingleShot(true);
+    nextTurn->setInterval(0);
+    QObject::connect(nextTurn, &QTimer::timeout, owner, std::move(action));
+    return [nextTurn](const QString&) {
+        if (!nextTurn->isActive())
+            nextTurn->start();
+    };
+}
+
+} // namespace
 
 void PomwickPreferencesViewController::registerPreviewMessages() {
     MessagingCenter& centre = MessagingCenter::centerNamed(CenterName::preferences);
     if (!centre.doesServerExist())
         centre.runServerOnCurrentThread();
-    centre.registerForMessageName(MessageName::badgeSavedToTmp, this,
-                                  [this](const QString& name) { handleSimpleMessageNamed(name); });
+    centre.registerForMessageName(MessageName::badgeSavedToTmp, this, coalesced(this, [this] {
+                                      handleSimpleMessageNamed(MessageName::badgeSavedToTmp);
+                                  }));
     centre.registerForMessageName(MessageName::reloadData, this,
-                                  [this](const QString&) { updateUI(); });
+                                  coalesced(this, [this] { updateUI(); }));
 }
 
 void PomwickPreferencesViewController::handleSimpleMessageNamed(const QString& name) {

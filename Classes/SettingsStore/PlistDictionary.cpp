@@ -1,9 +1,10 @@
 #include "PlistDictionary.h"
 
 #include "AtomicFile.h"
+#include "PlistShapeCheck.h"
+#include "XmlText.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <locale.h>
 #include <plist/plist.h>
@@ -39,9 +40,10 @@ private:
     locale_t previous_;
 };
 
-// Size and bytes come from one open file: the path may be renamed over at any moment.
+// Size and bytes come from one open file: the path may be renamed over at any moment. Opening
+// does not wait: a FIFO at the path would otherwise block until someone writes to it.
 std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (fd < 0)
         return std::nullopt;
     struct stat status {};
@@ -67,6 +69,31 @@ std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) 
 
 } // namespace
 
+// XML, as long as XML can carry every text: written raw, a control character would make the file
+// unreadable to every other reader. Else the binary format, which carries any character; text
+// that is not even UTF-8 (only another program can have stored it) goes as U+FFFD in XML.
+std::optional<std::string> PlistDictionary::encoded() const {
+    const plist_t root = node(root_);
+    const CNumericLocale numbers;
+    char* xml = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(root, &xml, &length);
+    if (xml == nullptr)
+        return std::nullopt;
+    std::string text(xml, length);
+    plist_to_xml_free(xml);
+    if (isXmlText(text))
+        return text;
+    char* binary = nullptr;
+    if (!whyNotPlistText(text))
+        plist_to_bin(root, &binary, &length);
+    if (binary == nullptr)
+        return withXmlCharactersOnly(text);
+    std::string bytes(binary, length);
+    plist_to_bin_free(binary);
+    return bytes;
+}
+
 PlistDictionary::PlistDictionary() : root_(plist_new_dict()) {}
 PlistDictionary::PlistDictionary(void* root) : root_(root) {}
 
@@ -87,10 +114,20 @@ std::optional<PlistDictionary> PlistDictionary::readFromFile(const std::filesyst
     const auto bytes = readBounded(path);
     if (!bytes)
         return std::nullopt;
+    return fromBytes(std::string_view(bytes->data(), bytes->size()));
+}
+
+std::optional<PlistDictionary> PlistDictionary::fromBytes(std::string_view bytes) {
+    if (bytes.empty() || bytes.size() > maximumFileSize)
+        return std::nullopt;
+    // libplist takes the binary format by this signature, everything else as XML.
+    const bool binary = bytes.starts_with("bplist00");
+    if (!(binary ? isSafeBinaryPlist(bytes) : isSafeXmlPlist(bytes)))
+        return std::nullopt;
     plist_t root = nullptr;
     const CNumericLocale numbers;
     // Picks binary or XML by the "bplist00" signature; a parse failure leaves root NULL.
-    plist_from_memory(bytes->data(), static_cast<uint32_t>(bytes->size()), &root);
+    plist_from_memory(bytes.data(), static_cast<uint32_t>(bytes.size()), &root);
     if (root == nullptr)
         return std::nullopt;
     if (plist_get_node_type(root) != PLIST_DICT) {
@@ -107,11 +144,10 @@ std::optional<StoredValue> PlistDictionary::lookup(std::string_view key) const {
     StoredValue value;
     switch (plist_get_node_type(item)) {
     case PLIST_STRING: {
-        char* text = nullptr;
-        plist_get_string_val(item, &text);
+        uint64_t length = 0;
+        const char* text = plist_get_string_ptr(item, &length);
         value.kind = StoredValue::Kind::String;
-        value.text = text != nullptr ? text : "";
-        std::free(text);
+        value.text = text != nullptr ? std::string(text, length) : "";
         break;
     }
     case PLIST_UINT: {
@@ -144,24 +180,19 @@ void PlistDictionary::setString(std::string_view key, std::string_view value) {
                         plist_new_string(std::string(value).c_str()));
 }
 
-void PlistDictionary::remove(std::string_view key) {
-    if (plist_dict_get_item(node(root_), std::string(key).c_str()) != nullptr)
-        plist_dict_remove_item(node(root_), std::string(key).c_str());
+bool PlistDictionary::remove(std::string_view key) {
+    if (plist_dict_get_item(node(root_), std::string(key).c_str()) == nullptr)
+        return false;
+    plist_dict_remove_item(node(root_), std::string(key).c_str());
+    return true;
 }
 
 std::optional<std::string>
 PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
-    char* xml = nullptr;
-    uint32_t length = 0;
-    {
-        const CNumericLocale numbers;
-        plist_to_xml(node(root_), &xml, &length);
-    }
-    if (xml == nullptr)
+    const auto bytes = encoded();
+    if (!bytes)
         return std::string("cannot encode the settings as a property list");
-    auto failure = writeFileAtomically(path, std::string_view(xml, length));
-    plist_to_xml_free(xml);
-    return failure;
+    return writeFileAtomically(path, *bytes);
 }
 
 } // namespace pomwick

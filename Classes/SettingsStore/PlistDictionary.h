@@ -18,7 +18,7 @@ struct StoredValue {
 };
 
 // The one wrapper around libplist: a property list whose root is a dictionary, read from XML or
-// binary files and written back as XML, atomically.
+// binary files and written back atomically, as XML unless it holds text XML cannot carry.
 class PlistDictionary {
 public:
     // Files above this size are refused unread: the settings file is a few hundred bytes.
@@ -34,14 +34,20 @@ public:
     // Nothing when the file is missing, unreadable, too large, not a property list, or its root
     // is not a dictionary.
     static std::optional<PlistDictionary> readFromFile(const std::filesystem::path& path);
+    // The same for bytes already read.
+    static std::optional<PlistDictionary> fromBytes(std::string_view bytes);
 
     std::optional<StoredValue> lookup(std::string_view key) const;
     void setString(std::string_view key, std::string_view value);
-    void remove(std::string_view key);
+    // Whether the key was there.
+    bool remove(std::string_view key);
 
-    // Writes XML to a unique temporary file beside the target and renames it over the target, so
-    // that a reader sees the old file or the new one, whole. Creates the folder if needed.
-    // Returns the reason on failure, leaving the old file as it was and no temporary behind.
+    // The file's bytes: XML, or the binary format when the text holds what XML cannot carry.
+    std::optional<std::string> encoded() const;
+
+    // Writes the dictionary to a unique temporary file beside the target and renames it over the
+    // target, so that a reader sees the old file or the new one, whole. Creates the folder if
+    // needed. Returns the reason on failure, leaving the old file as it was and no temporary.
     std::optional<std::string> writeAtomically(const std::filesystem::path& path) const;
 
 private:

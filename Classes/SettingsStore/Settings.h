@@ -1,8 +1,7 @@
 #pragma once
 
-#include "Colour.h"
-#include "Font.h"
 #include "SettingsKeys.h"
+#include "SettingsTable.h"
 
 #include <cstdint>
 #include <optional>
@@ -10,14 +9,6 @@
 #include <string_view>
 
 namespace pomwick {
-
-// The badge's top-left corner relative to the icon's, in fractions of the icon's width and
-// height; not clamped to 0..1.
-struct BadgeLocation {
-    float x = 0;
-    float y = 0;
-    friend bool operator==(const BadgeLocation&, const BadgeLocation&) = default;
-};
 
 // The settings file is the only state: every getter reads and parses it afresh, and gives its
 // key's default when the file, the key or a usable value is missing.
@@ -34,7 +25,9 @@ float getBadgeBorderWidth();
 float getBadgeAlpha();
 BadgeLocation getBadgeLocation();
 
-// Stores the text under the key, keeping every other key; a failed write is ignored.
+// Stores the text under the key, keeping every other key; a failed write is ignored. Writers in
+// any process take turns (a lock file beside the settings file), so none loses another's key.
+// Text that is not valid UTF-8 or holds U+0000 is not stored.
 void setPreferencesObjectKey(std::string_view value, std::string_view key);
 
 // The same write, for callers that must tell the user why it failed: the reason, or nothing.

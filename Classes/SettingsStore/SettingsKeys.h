@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string_view>
 
 namespace pomwick::SettingsKey {
@@ -16,11 +15,5 @@ inline constexpr std::string_view badgeBorderColor = "BADGE_BORDER_COLOR";
 inline constexpr std::string_view badgeBorderWidth = "BADGE_BORDER_WIDTH";
 inline constexpr std::string_view badgeAlpha = "BADGE_ALPHA";
 inline constexpr std::string_view badgeLocation = "BADGE_LOCATION";
-
-// Every key, in the order in which the settings are listed to the user.
-inline constexpr std::array<std::string_view, 11> all = {
-    enabled,          badgeVisible,   badgeTextFieldText,   badgeFont,
-    badgeFontSize,    badgeFontColor, badgeBackgroundColor, badgeBorderColor,
-    badgeBorderWidth, badgeAlpha,     badgeLocation};
 
 } // namespace pomwick::SettingsKey

@@ -6,8 +6,9 @@
 #include "Settings.h"
 #include "TemporaryDeviceRoot.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
+#include <sys/stat.h>
 
 using namespace pomwick;
 
@@ -91,24 +92,38 @@ TEST_F(Composition, AnUnusableBackgroundGivesNoBadge) {
     }
     std::filesystem::remove(hostPath(background));
     EXPECT_TRUE(compose().image.isNull());
+    ASSERT_EQ(::mkfifo(hostPath(background).c_str(), 0644), 0);
+    EXPECT_TRUE(compose().image.isNull());
 }
 
-TEST(ReportedIconSize, TakesTheLeadingFloatOfWhateverTheFileHolds) {
+TEST(ReportedIconSize, TakesTheLeadingFloatOfTheWholeFileReadAsUtf8Text) {
     test::TemporaryDeviceRoot root;
     EXPECT_FALSE(readReportedIconSize());
     const std::string file = std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize;
-    const std::pair<std::string, float> cases[] = {{"60", 60},
-                                                   {"60.5\n", 60.5f},
-                                                   {"", 0},
-                                                   {"abc", 0},
-                                                   {"-12", -12},
-                                                   {"nan", 0},
-                                                   {std::string(1024 * 1024, ' ') + "7", 0}};
+    const std::string megabyte(1024 * 1024, ' ');
+    const std::pair<std::string, float> cases[] = {
+        {"60", 60},
+        {"60.5\n", 60.5f},
+        {"", 0},
+        {"abc", 0},
+        {"-12", -12},
+        {"nan", 0},
+        {megabyte + "7", 7},
+        {"\u2003\u00a0"
+         "42",
+         42},
+        {"6\xff", 0},
+        {megabyte + megabyte + megabyte + megabyte + "7", 0},
+        {std::string(1024 * 1024, '9'), std::numeric_limits<float>::infinity()},
+    };
     for (const auto& [text, expected] : cases) {
         root.writeFile(file, text);
         ASSERT_TRUE(readReportedIconSize());
         EXPECT_EQ(*readReportedIconSize(), expected) << text.substr(0, 10);
     }
-    root.writeFile(file, std::string(1024 * 1024, '9'));
-    EXPECT_TRUE(std::isinf(*readReportedIconSize()));
+    // Anything but a regular file is there, and holds no number; a FIFO is not waited on.
+    std::filesystem::remove(hostPath(file));
+    ASSERT_EQ(::mkfifo(hostPath(file).c_str(), 0644), 0);
+    ASSERT_TRUE(readReportedIconSize());
+    EXPECT_EQ(*readReportedIconSize(), 0);
 }

@@ -36,6 +36,15 @@ protected:
         return seen.count("member=saveBadgeImages");
     }
 
+    // Runs a client to its end while this process keeps serving the screen's centre.
+    static QString run(const QString& program, const QStringList& arguments) {
+        QProcess client;
+        client.setProcessChannelMode(QProcess::MergedChannels);
+        client.start(program, arguments);
+        (void)QTest::qWaitFor([&] { return client.state() == QProcess::NotRunning; }, 60000);
+        return QString::fromUtf8(client.readAll());
+    }
+
     QProcess monitor;
     QByteArray seen;
 };
@@ -62,4 +71,24 @@ TEST_F(SaveRequests, OnePerSectionPerReloadOneMorePerRebuildAndOnePerRelease) {
     QTest::mouseMove(border, QPoint(60, 15));
     QTest::mouseRelease(border, Qt::LeftButton, {}, QPoint(60, 400));
     EXPECT_EQ(requests(11), 11);
+}
+
+TEST_F(SaveRequests, ABurstOfRefreshMessagesCostsOneRefreshPerTurnAndASingleOneStillCountsOnce) {
+    open();
+    ASSERT_EQ(requests(4), 4);
+    // Each refresh ("reloadData") reloads the table: four requests, and one more after it.
+    const QStringList centre = {"--dest",        "com.velquor.pomwickpreferences",
+                                "--object-path", "/com/velquor/pomwickpreferences",
+                                "--method",      "com.velquor.pomwickpreferences.reloadData"};
+    EXPECT_EQ(run("gdbus", QStringList{"call", "--session"} + centre), "()\n");
+    EXPECT_EQ(requests(9), 9);
+
+    const int bursts = 2000;
+    run(MESSAGE_FLOOD, {"com.velquor.pomwickpreferences", QString::number(bursts), "reloadData",
+                        "badgeSavedToTmp"});
+    // Answered after every message of the flood has been handled.
+    EXPECT_EQ(run("gdbus", QStringList{"call", "--session"} + centre), "()\n");
+    const qsizetype refreshes = (requests(14) - 9) / 5;
+    EXPECT_GE(refreshes, 1);
+    EXPECT_LT(refreshes, bursts / 10);
 }

@@ -1,10 +1,14 @@
+#include "DevicePaths.h"
+#include "PlistDictionary.h"
 #include "Settings.h"
 #include "SettingsFile.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 
 using namespace pomwick;
+using pomwick::test::binaryPlistOfArrays;
 using pomwick::test::plistXml;
 using pomwick::test::SettingsRoot;
 
@@ -21,49 +25,92 @@ std::string randomBytes(size_t size, unsigned seed) {
 // Every key holding the same kind of value.
 std::string everyKeyHolding(const std::string& valueXml) {
     std::string body = "<dict>";
-    for (const auto key : SettingsKey::all)
-        body += "<key>" + std::string(key) + "</key>" + valueXml;
+    for (const Setting& setting : settingsTable)
+        body += "<key>" + std::string(setting.key) + "</key>" + valueXml;
     return plistXml(body + "</dict>");
 }
 
+std::string repeated(std::string_view text, size_t times) {
+    std::string all;
+    all.reserve(text.size() * times);
+    for (size_t i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+class BadSettingsFile : public testing::Test {
+protected:
+    // Each file gives every default; a crash, a hang or a runaway allocation fails the test.
+    void expectDefaultsFrom(const std::vector<std::pair<std::string, std::string>>& files) {
+        for (const auto& [what, bytes] : files) {
+            SCOPED_TRACE(what);
+            root.writeSettings(bytes);
+            pomwick::test::expectEveryDefault();
+        }
+    }
+    SettingsRoot root;
+};
+
 } // namespace
 
-TEST(BadSettingsFile, UnusableFilesGiveEveryDefault) {
-    SettingsRoot root;
+TEST_F(BadSettingsFile, UnusableFilesGiveEveryDefault) {
     const std::string valid = everyKeyHolding("<string>0</string>");
-    const std::pair<std::string, std::string> files[] = {
+    expectDefaultsFrom({
         {"empty", ""},
         {"random bytes", randomBytes(4096, 1)},
         {"truncated XML", valid.substr(0, valid.size() / 2)},
         {"array root", plistXml("<array><string>0</string></array>")},
-        {"string root", plistXml("<string>ENABLED</string>")},
         {"binary signature then junk", "bplist00" + randomBytes(200, 2)},
         {"unterminated tags", "<?xml version=\"1.0\"?><plist><dict><key>ENABLED<key><string>"},
         {"50 MiB of junk", randomBytes(50 * 1024 * 1024, 3)},
-    };
-    for (const auto& [what, bytes] : files) {
-        root.writeSettings(bytes);
-        SCOPED_TRACE(what);
-        pomwick::test::expectEveryDefault();
-    }
+    });
 }
 
-TEST(BadSettingsFile, ValuesOfTheWrongKindGiveTheDefault) {
-    SettingsRoot root;
+TEST_F(BadSettingsFile, ANulInsideAStringGivesTheDefaultsInsteadOfAborting) {
+    using namespace std::string_literals;
+    expectDefaultsFrom({
+        {"XML", "<plist><dict><key>BADGE_FONT</key><string>a\0b</string></dict></plist>"s},
+        {"XML key", "<plist><dict><key>ENABLED\0</key><string>0</string></dict></plist>"s},
+    });
+}
+
+TEST_F(BadSettingsFile, DeepNestingIsRefusedBeforeParsing) {
+    std::vector<std::vector<uint32_t>> chain(100000);
+    for (uint32_t i = 0; i + 1 < chain.size(); ++i)
+        chain[i] = {i + 1};
+    expectDefaultsFrom({
+        {"XML, 180,000 arrays deep",
+         plistXml(repeated("<array>", 180000) + repeated("</array>", 180000))},
+        {"binary, 100,000 arrays deep", binaryPlistOfArrays(chain)},
+    });
+}
+
+TEST_F(BadSettingsFile, SharedReferencesCannotMultiplyIntoUnboundedMemory) {
+    // Each array refers twice to the next: 2^60 objects once every reference is expanded.
+    std::vector<std::vector<uint32_t>> doubling(61);
+    for (uint32_t i = 0; i < 60; ++i)
+        doubling[i] = {i + 1, i + 1};
+    expectDefaultsFrom({
+        {"doubling references", binaryPlistOfArrays(doubling)},
+        {"an array holding itself", binaryPlistOfArrays({{0}})},
+    });
+}
+
+TEST_F(BadSettingsFile, ValuesOfTheWrongKindGiveTheDefault) {
     for (const char* value :
          {"<date>2020-01-01T00:00:00Z</date>", "<data>AAEC</data>",
           "<array><string>1</string></array>", "<dict><key>a</key><string>0</string></dict>"}) {
         root.writeSettings(everyKeyHolding(value));
         SCOPED_TRACE(value);
-        pomwick::test::expectEveryDefault();
+        pomwick::test::expectEveryDefault(SettingsKey::badgeFont);
+        // A font name that is there but no text is looked up, and finds no face.
+        EXPECT_FALSE(getBadgeFont());
     }
 }
 
-TEST(BadSettingsFile, NumbersAnswerAsNumbers) {
-    SettingsRoot root;
+TEST_F(BadSettingsFile, NumbersAnswerAsNumbers) {
     root.writeSettings(everyKeyHolding("<integer>0</integer>"));
     EXPECT_FALSE(getEnabled());
-    EXPECT_FALSE(getBadgeVisible());
     EXPECT_EQ(getBadgeFontSize(), 0);
     EXPECT_EQ(getBadgeAlpha(), 0.0f);
     // Kinds that only strings answer keep their defaults.
@@ -78,12 +125,24 @@ TEST(BadSettingsFile, NumbersAnswerAsNumbers) {
     EXPECT_EQ(getBadgeFontSize(), 1);
 }
 
-TEST(BadSettingsFile, InvalidUtf8IsCarriedWithoutHarm) {
-    SettingsRoot root;
-    root.writeSettings(plistXml("<dict><key>BADGE_TEXT_FIELD_TEXT</key><string>\xff\xfe@\xc3"
-                                "</string><key>BADGE_FONT</key><string>\xff\xfe</string></dict>"));
-    (void)getBadgeTextFieldText();
-    EXPECT_FALSE(getBadgeFont());
-    setPreferencesObjectKey("\xff\xc3\x28", SettingsKey::badgeAlpha);
-    EXPECT_EQ(getBadgeAlpha(), 0.0f);
+TEST_F(BadSettingsFile, TextXmlCannotCarryIsNeverWrittenRawIntoXml) {
+    // Text that is no UTF-8, or holds a NUL, is refused and nothing is written.
+    for (const std::string& refused : {std::string("\xff\xc3\x28"), std::string("a\0b", 3)})
+        EXPECT_TRUE(trySetPreferencesObjectKey(refused, SettingsKey::badgeTextFieldText));
+    EXPECT_FALSE(std::filesystem::exists(hostPath(DevicePath::preferencesFile)));
+
+    // A control character is kept whole, in the binary format, which carries it.
+    const std::string control = "a\tb\x01"
+                                "c\x1b"
+                                "d";
+    ASSERT_FALSE(trySetPreferencesObjectKey(control, SettingsKey::badgeTextFieldText));
+    EXPECT_EQ(root.settingsBytes().rfind("bplist00", 0), 0u);
+    EXPECT_EQ(getBadgeTextFieldText(), control);
+
+    // Invalid UTF-8 that another program stored cannot go into either format: it becomes U+FFFD.
+    root.writeSettings(plistXml("<dict><key>Other</key><string>a\xff\xfe</string></dict>"));
+    ASSERT_FALSE(trySetPreferencesObjectKey("Hi", SettingsKey::badgeTextFieldText));
+    EXPECT_NE(root.settingsBytes().find("<string>a\xef\xbf\xbd\xef\xbf\xbd</string>"),
+              std::string::npos);
+    EXPECT_EQ(getBadgeTextFieldText(), "Hi");
 }

@@ -4,8 +4,10 @@
 #include "SettingsFile.h"
 
 #include <QProcess>
+#include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 #include <thread>
@@ -15,10 +17,12 @@ using pomwick::test::SettingsRoot;
 
 namespace {
 
-QProcess* startWriter(const SettingsRoot& root, int count) {
+QProcess* startWriter(const SettingsRoot& root, int count, const QString& keyPrefix = {}) {
     auto* writer = new QProcess;
-    writer->start(SETTINGS_WRITER,
-                  {QString::fromStdString(root.path().string()), QString::number(count)});
+    QStringList arguments = {QString::fromStdString(root.path().string()), QString::number(count)};
+    if (!keyPrefix.isEmpty())
+        arguments << keyPrefix;
+    writer->start(SETTINGS_WRITER, arguments);
     EXPECT_TRUE(writer->waitForStarted(5000));
     return writer;
 }
@@ -66,8 +70,39 @@ TEST(ConcurrentWriter, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
         if (HasFatalFailure())
             return;
     }
-    // Killed writers may leave their temporaries; the settings file itself is always whole, and
-    // the next write replaces it as usual.
     setPreferencesObjectKey("short", SettingsKey::badgeTextFieldText);
     EXPECT_EQ(getBadgeTextFieldText(), "short");
+}
+
+TEST(ConcurrentWriter, TwoWritersAtOnceNeverLoseEachOthersKeys) {
+    SettingsRoot root;
+    constexpr int keysEach = 150;
+    std::unique_ptr<QProcess> first(startWriter(root, keysEach, "FIRST_"));
+    std::unique_ptr<QProcess> second(startWriter(root, keysEach, "SECOND_"));
+    ASSERT_TRUE(first->waitForFinished(60000) && second->waitForFinished(60000));
+    const auto dictionary = PlistDictionary::readFromFile(hostPath(DevicePath::preferencesFile));
+    ASSERT_TRUE(dictionary);
+    int lost = 0;
+    for (int i = 0; i < keysEach; ++i)
+        for (const char* prefix : {"FIRST_", "SECOND_"})
+            lost += dictionary->lookup(prefix + std::to_string(i)) ? 0 : 1;
+    EXPECT_EQ(lost, 0);
+}
+
+TEST(ConcurrentWriter, TemporariesOfKilledWritersAreRemovedAtTheNextWrite) {
+    SettingsRoot root;
+    const std::string folder = "/var/mobile/Library/Preferences/";
+    root.writeFile(folder + ".com.velquor.pomwickpreferences.plist.Ab3xY9",
+                   "left by a killed writer");
+    root.writeFile(folder + ".com.velquor.pomwickpreferences.plist.kept", "not ours");
+    root.writeFile(folder + "other.plist.Ab3xY9", "not ours");
+    setPreferencesObjectKey("1", SettingsKey::enabled);
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(root.at(folder)))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{".com.velquor.pomwickpreferences.plist.kept",
+                                               ".com.velquor.pomwickpreferences.plist.lock",
+                                               "com.velquor.pomwickpreferences.plist",
+                                               "other.plist.Ab3xY9"}));
 }

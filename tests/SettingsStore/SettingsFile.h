@@ -2,7 +2,9 @@
 
 #include "TemporaryDeviceRoot.h"
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,8 +15,11 @@ std::string plistXml(const std::string& dictionaryBody);
 // <dict> of string values.
 std::string stringsPlist(const std::vector<std::pair<std::string, std::string>>& entries);
 
-// Every getter gives its key's default.
-void expectEveryDefault();
+// A binary property list of arrays: object i holds references to the objects listed for it.
+std::string binaryPlistOfArrays(const std::vector<std::vector<uint32_t>>& references);
+
+// Every getter gives its key's default, but for the one excepted.
+void expectEveryDefault(std::string_view except = {});
 
 // A fresh device root that holds the given settings file bytes.
 class SettingsRoot : public TemporaryDeviceRoot {

@@ -5,7 +5,9 @@
 #include <QProcess>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace pomwick;
 using pomwick::test::TemporaryDeviceRoot;
@@ -18,14 +20,15 @@ struct ToolRun {
     std::string err;
 };
 
-ToolRun defaults(const QStringList& arguments, const QString& environmentRoot = {}) {
+ToolRun defaults(const QStringList& arguments, const QString& environmentRoot = {},
+                 const QString& program = DEFAULTS_TOOL) {
     QProcess tool;
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.remove("POMWICK_ROOT");
     if (!environmentRoot.isEmpty())
         environment.insert("POMWICK_ROOT", environmentRoot);
     tool.setProcessEnvironment(environment);
-    tool.start(DEFAULTS_TOOL, arguments);
+    tool.start(program, arguments);
     tool.waitForFinished(30000);
     return {tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
             tool.readAllStandardOutput().toStdString(), tool.readAllStandardError().toStdString()};
@@ -114,4 +117,63 @@ TEST(DefaultsTool, AnUnwritableRootIsNamedAndFails) {
         defaults({"--root", QString::fromStdString(notAFolder), "write", "ENABLED", "0"});
     EXPECT_EQ(run.status, 1);
     EXPECT_NE(run.err.find(notAFolder.string()), std::string::npos) << run.err;
+}
+
+TEST(DefaultsTool, OnlyARegularFileAtTheSettingsPathIsReadOrReplaced) {
+    TemporaryDeviceRoot root;
+    const QString dir = rootOf(root);
+    const auto path = hostPath(DevicePath::preferencesFile);
+    std::filesystem::create_directories(path.parent_path());
+    const std::pair<const char*, std::function<void()>> intruders[] = {
+        {"folder",
+         [&] {
+             std::filesystem::create_directory(path);
+         }},
+        {"FIFO",
+         [&] {
+             ASSERT_EQ(::mkfifo(path.c_str(), 0644), 0);
+         }},
+        {"link",
+         [&] {
+             std::filesystem::create_symlink(root.path() / "elsewhere", path);
+         }},
+    };
+    for (const auto& [what, plant] : intruders) {
+        SCOPED_TRACE(what);
+        plant();
+        const auto type = std::filesystem::symlink_status(path).type();
+        // Reading neither hangs nor fails: the defaults apply.
+        const ToolRun read = defaults({"--root", dir, "read", "ENABLED"});
+        EXPECT_EQ(read.status, 0);
+        EXPECT_EQ(read.out, "true\n");
+        for (const QStringList& change : {QStringList{"write", "ENABLED", "0"},
+                                          QStringList{"delete", "ENABLED"}, QStringList{"reset"}}) {
+            const ToolRun run = defaults(QStringList{"--root", dir} + change);
+            EXPECT_EQ(run.status, 1) << change.join(' ').toStdString();
+            EXPECT_NE(run.err.find(path.string() + " is not a regular file"), std::string::npos)
+                << run.err;
+        }
+        EXPECT_EQ(std::filesystem::symlink_status(path).type(), type);
+        std::filesystem::remove(path);
+    }
+}
+
+TEST(DefaultsTool, InvalidUtf8IsRefusedAndReadShowsControlCharactersEscaped) {
+    TemporaryDeviceRoot root;
+    const QString dir = rootOf(root);
+    // Bytes that are no UTF-8 only reach the tool through a shell.
+    const ToolRun refused = defaults(
+        {"-c", "exec \"$0\" --root \"$1\" write BADGE_TEXT_FIELD_TEXT \"$(printf 'a\\377')\"",
+         DEFAULTS_TOOL, dir},
+        {}, "/bin/sh");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("not valid UTF-8"), std::string::npos) << refused.err;
+    EXPECT_FALSE(settingsFileExists());
+
+    // Another program stored an escape sequence, a tab, a backslash and a stray byte.
+    root.writeFile(std::string(DevicePath::preferencesFile),
+                   "<plist><dict><key>BADGE_TEXT_FIELD_TEXT</key>"
+                   "<string>&#x1b;[31mred\t\\\xff</string></dict></plist>");
+    EXPECT_EQ(defaults({"--root", dir, "read", "BADGE_TEXT_FIELD_TEXT"}).out,
+              "\\x1B[31mred\\t\\\\\\xFF\n");
 }

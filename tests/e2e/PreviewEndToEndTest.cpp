@@ -1,3 +1,4 @@
+#include "DevicePaths.h"
 #include "ImageContext.h"
 #include "ImageFile.h"
 #include "PreviewComposition.h"
@@ -8,6 +9,7 @@
 #include <QProcess>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace pomwick;
 
@@ -106,4 +108,35 @@ TEST_F(PreviewEndToEnd, WithoutARendererOrABusTheToolSaysWhatIsMissing) {
     const ToolRun noBus = defaults({"preview", "out.png"}, false);
     EXPECT_EQ(noBus.status, 1);
     EXPECT_TRUE(noBus.err.contains("DBUS_SESSION_BUS_ADDRESS")) << noBus.err.toStdString();
+}
+
+TEST_F(PreviewEndToEnd, RefusesToReplaceAnythingButARegularFileAndNeverWaitsOnAFifo) {
+    test::RendererProcess renderer;
+    ASSERT_TRUE(renderer.waitUntilServing());
+    const std::filesystem::path folder = root.path() / "folder";
+    const std::filesystem::path fifo = root.path() / "fifo";
+    const std::filesystem::path link = root.path() / "link";
+    const std::filesystem::path target = root.path() / "target.png";
+    std::filesystem::create_directory(folder);
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0644), 0);
+    root.writeFile("/target.png", "keep");
+    std::filesystem::create_symlink(target, link);
+    for (const auto& output : {folder, fifo, link}) {
+        const auto before = std::filesystem::symlink_status(output).type();
+        const ToolRun run = defaults({"preview", QString::fromStdString(output.string())});
+        EXPECT_EQ(run.status, 1);
+        EXPECT_TRUE(
+            run.err.contains(QString::fromStdString(output.string() + " is not a regular file")))
+            << run.err.toStdString();
+        EXPECT_EQ(std::filesystem::symlink_status(output).type(), before) << output;
+    }
+    EXPECT_EQ(root.readFile("/target.png"), "keep");
+
+    // A FIFO where the renderer leaves the icon size holds no size, and is not waited on.
+    const std::filesystem::path iconSize = hostPath("/tmp/iconSize.txt");
+    std::filesystem::remove(iconSize);
+    ASSERT_EQ(::mkfifo(iconSize.c_str(), 0644), 0);
+    const ToolRun run = defaults({"preview", QString::fromStdString(target.string())});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.err.contains("no usable icon size")) << run.err.toStdString();
 }

@@ -39,7 +39,22 @@ bool replaceWith(const std::string& temporary, const std::filesystem::path& targ
     return ::rename(temporary.c_str(), target.c_str()) == 0;
 }
 
+std::string temporaryPrefix(const std::filesystem::path& path) {
+    return "." + path.filename().string() + ".";
+}
+
+constexpr std::string_view temporarySuffix = "XXXXXX";
+
 } // namespace
+
+std::optional<std::string> whyNotReplaceable(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto type = std::filesystem::symlink_status(path, error).type();
+    if (type == std::filesystem::file_type::not_found ||
+        type == std::filesystem::file_type::regular)
+        return std::nullopt;
+    return path.string() + " is not a regular file; leaving it as it is";
+}
 
 std::optional<std::string> writeFileAtomically(const std::filesystem::path& path,
                                                std::string_view bytes) {
@@ -47,8 +62,11 @@ std::optional<std::string> writeFileAtomically(const std::filesystem::path& path
     std::filesystem::create_directories(path.parent_path(), error);
     if (error)
         return "cannot create " + path.parent_path().string() + ": " + error.message();
+    if (auto refusal = whyNotReplaceable(path))
+        return refusal;
 
-    std::string temporary = path.parent_path() / ("." + path.filename().string() + ".XXXXXX");
+    std::string temporary =
+        path.parent_path() / (temporaryPrefix(path) + std::string(temporarySuffix));
     const int fd = ::mkstemp(temporary.data());
     if (fd < 0)
         return systemError("cannot write in", path.parent_path());
@@ -65,6 +83,23 @@ std::optional<std::string> writeFileAtomically(const std::filesystem::path& path
     if (!written)
         ::unlink(temporary.c_str());
     return written ? std::nullopt : std::optional<std::string>(reason);
+}
+
+void removeStaleTemporaries(const std::filesystem::path& path) {
+    const std::string prefix = temporaryPrefix(path);
+    constexpr std::string_view randomCharacters =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(path.parent_path(), error), end;
+         !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        const bool ours =
+            name.size() == prefix.size() + temporarySuffix.size() && name.starts_with(prefix) &&
+            name.find_first_not_of(randomCharacters, prefix.size()) == std::string::npos;
+        std::error_code ignored;
+        if (ours && entry->is_regular_file(ignored))
+            std::filesystem::remove(entry->path(), ignored);
+    }
 }
 
 } // namespace pomwick

@@ -1,5 +1,6 @@
 #include "TextScanning.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -59,6 +60,25 @@ int hexDigit(char c) {
     return -1;
 }
 
+// For a number beyond a double's range (digits, point, exponent; no sign): whether it is too
+// small rather than too large. Its first significant digit's place, plus the exponent, is
+// negative for a tiny number however many zeros spell it ("0." + 400 zeros + "1", "1e-999").
+bool isTiny(std::string_view number) {
+    const size_t e = number.find_first_of("eE");
+    const std::string_view mantissa = number.substr(0, e);
+    const size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const size_t firstWhole = mantissa.substr(0, point).find_first_not_of('0');
+    int64_t place = 0;
+    if (firstWhole != std::string_view::npos) {
+        place = static_cast<int64_t>(point - firstWhole);
+    } else {
+        const std::string_view fraction = mantissa.substr(std::min(point + 1, mantissa.size()));
+        place = -static_cast<int64_t>(std::min(fraction.find_first_not_of('0'), fraction.size()));
+    }
+    const int64_t exponent = e == std::string_view::npos ? 0 : intValue(number.substr(e + 1));
+    return place + exponent < 0;
+}
+
 } // namespace
 
 bool boolValue(std::string_view text) {
@@ -107,13 +127,8 @@ double doubleValue(std::string_view text) {
         number.remove_prefix(1);
     double value = 0.0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        // Out of range: a negative exponent underflows to zero, anything else overflows.
-        const size_t exponent = number.find_first_of("eE");
-        const bool underflow = exponent != std::string_view::npos && exponent + 1 < number.size() &&
-                               number[exponent + 1] == '-';
-        value = underflow ? 0.0 : HUGE_VAL;
-    }
+    if (result.ec == std::errc::result_out_of_range)
+        value = isTiny(number) ? 0.0 : HUGE_VAL;
     return negative ? -value : value;
 }
 

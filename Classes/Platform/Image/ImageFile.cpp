@@ -1,22 +1,48 @@
 #include "ImageFile.h"
 
 #include "AtomicFile.h"
+#include "RegularFile.h"
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QtEndian>
 
 namespace pomwick {
 namespace {
-constexpr qint64 maximumFileBytes = 8 * 1024 * 1024;
+constexpr std::size_t maximumFileBytes = 8 * 1024 * 1024;
 constexpr int maximumPixelsPerSide = 4096;
+
+// A PNG signature, then chunks (length, type, data, CRC) up to IEND, each within the bytes. The
+// decoder reserves what a chunk declares before reading it: unchecked, a file of a few hundred
+// bytes could make it reserve half a gigabyte.
+bool chunksFitIn(const QByteArray& bytes) {
+    constexpr QByteArrayView signature("\x89PNG\r\n\x1a\n", 8);
+    if (!bytes.startsWith(signature))
+        return false;
+    constexpr qsizetype framing = 12;
+    for (qsizetype at = signature.size(); at + framing <= bytes.size();) {
+        const quint32 length = qFromBigEndian<quint32>(bytes.constData() + at);
+        if (length > quint64(bytes.size() - at - framing))
+            return false;
+        if (QByteArrayView(bytes.constData() + at + 4, 4) == "IEND")
+            return true;
+        at += framing + qsizetype(length);
+    }
+    return false;
+}
+
 } // namespace
 
-QImage imageWithContentsOfFile(const std::filesystem::path& path) {
-    std::error_code error;
-    const auto bytes = std::filesystem::file_size(path, error);
-    if (error || bytes == 0 || bytes > static_cast<std::uintmax_t>(maximumFileBytes))
+QImage imageWithData(const QByteArray& bytes) {
+    if (static_cast<std::size_t>(bytes.size()) > maximumFileBytes || !chunksFitIn(bytes))
         return {};
-    QImageReader reader(QString::fromStdString(path.string()));
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    // PNG only, whatever the bytes look like: every image the product reads is one, and no
+    // other decoder needs to see outside bytes.
+    QImageReader reader(&buffer, "png");
+    reader.setAutoDetectImageFormat(false);
     const QSize declared = reader.size();
     if (!declared.isValid() || declared.width() > maximumPixelsPerSide ||
         declared.height() > maximumPixelsPerSide)
@@ -26,6 +52,14 @@ QImage imageWithContentsOfFile(const std::filesystem::path& path) {
         return {};
     image.setDevicePixelRatio(1.0);
     return image;
+}
+
+QImage imageWithContentsOfFile(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto bytes = readRegularFile(path, maximumFileBytes, error);
+    if (!bytes)
+        return {};
+    return imageWithData(QByteArray::fromStdString(*bytes));
 }
 
 bool writePngAtomically(const QImage& image, const std::filesystem::path& path) {

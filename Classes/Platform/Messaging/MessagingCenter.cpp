@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 
@@ -31,11 +32,29 @@ public:
 
     QString introspect(const QString&) const override { return introspectionOf(centre_.name()); }
 
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override {
+    // Messages carry nothing and expect nothing; a caller that waits for an answer gets one at
+    // once (an empty return, or the standard error when the call is not one of ours) instead of
+    // waiting out its timeout.
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
         if (message.type() != QDBusMessage::MethodCallMessage ||
             (!message.interface().isEmpty() && message.interface() != centre_.interfaceName()))
             return false;
-        centre_.deliver(message.member());
+        QDBusMessage answer;
+        if (!centre_.handles(message.member()))
+            answer = message.createErrorReply(
+                QDBusError::UnknownMethod,
+                QStringLiteral("No such method '%1' in interface '%2' at object path '%3'")
+                    .arg(message.member(), centre_.interfaceName(), message.path()));
+        else if (!message.arguments().isEmpty())
+            answer = message.createErrorReply(
+                QDBusError::InvalidArgs,
+                QStringLiteral("'%1' takes no arguments").arg(message.member()));
+        else {
+            answer = message.createReply();
+            centre_.deliver(message.member());
+        }
+        if (message.isReplyRequired())
+            connection.send(answer);
         return true;
     }
 
@@ -100,12 +119,16 @@ void MessagingCenter::sendMessageName(const QString& messageName) const {
     bus.send(message);
 }
 
-void MessagingCenter::deliver(const QString& messageName) {
+bool MessagingCenter::handles(const QString& messageName) const {
     const auto found = registrations_.find(messageName);
-    if (found == registrations_.end() || found->second.target.isNull())
+    return found != registrations_.end() && !found->second.target.isNull();
+}
+
+void MessagingCenter::deliver(const QString& messageName) {
+    if (!handles(messageName))
         return;
     // A copy: the handler may register again and replace this very registration.
-    const Handler handler = found->second.handler;
+    const Handler handler = registrations_.at(messageName).handler;
     handler(messageName);
 }
 

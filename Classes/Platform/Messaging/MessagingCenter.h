@@ -13,7 +13,9 @@ namespace pomwick {
 // processes. The centre's name is a D-Bus well-known name; a message is a method call with no
 // arguments and no reply, whose member is the message's name, on the object path and interface
 // derived from the centre's name. Sending never blocks and ignores failure; received messages
-// are handled on the main thread; a handler whose target has been destroyed is skipped.
+// are handled on the main thread; a handler whose target has been destroyed is skipped. A call
+// for a message nobody registered, or one that carries arguments, is refused with the standard
+// D-Bus error, at once when the caller awaits an answer.
 class MessagingCenter {
 public:
     using Handler = std::function<void(const QString& messageName)>;
@@ -41,6 +43,7 @@ private:
     explicit MessagingCenter(QString name);
     class Server;
     friend class Server;
+    bool handles(const QString& messageName) const;
     void deliver(const QString& messageName);
 
     struct Registration {

@@ -36,7 +36,17 @@ TEST(TextScanning, FloatValueTakesTheLeadingDecimalNumberOnly) {
     EXPECT_FLOAT_EQ(floatValue("0x10"), 0.0f);
     EXPECT_FLOAT_EQ(floatValue("."), 0.0f);
     EXPECT_TRUE(std::isinf(floatValue("1e999")));
-    EXPECT_EQ(doubleValue("1e-999"), 0.0);
+}
+
+TEST(TextScanning, NumbersTooSmallForADoubleReadZeroHoweverTheyAreWritten) {
+    const std::string zeros(400, '0');
+    for (const std::string& tiny :
+         std::vector<std::string>{"1e-999", "0." + zeros + "1", "-0." + zeros + "1e5",
+                                  "0.00001e-400", "0." + zeros + "1e+50"})
+        EXPECT_EQ(doubleValue(tiny), 0.0) << tiny;
+    for (const std::string& huge :
+         std::vector<std::string>{"1" + zeros, "0.0001e400", "1" + zeros + "e-50"})
+        EXPECT_TRUE(std::isinf(doubleValue(huge))) << huge;
 }
 
 TEST(TextScanning, HexScanningSkipsOnlyHashes) {

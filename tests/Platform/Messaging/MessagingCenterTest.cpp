@@ -27,22 +27,25 @@ protected:
         return MessagingCenter::centerNamed(CenterName::preferences);
     }
 
-    static void dbusSend(const QString& member) {
+    static void dbusSend(const QString& member, const QStringList& arguments = {}) {
         QProcess client;
-        client.start("dbus-send",
-                     {"--session", "--type=method_call", "--dest=" + CenterName::preferences,
-                      "/com/velquor/pomwickpreferences",
-                      "com.velquor.pomwickpreferences." + member});
+        client.start("dbus-send", QStringList{"--session", "--type=method_call",
+                                              "--dest=" + CenterName::preferences,
+                                              "/com/velquor/pomwickpreferences",
+                                              "com.velquor.pomwickpreferences." + member} +
+                                      arguments);
         ASSERT_TRUE(client.waitForFinished(5000));
         ASSERT_EQ(client.exitCode(), 0) << client.readAllStandardError().toStdString();
     }
 
-    // Keeps this process's event loop running meanwhile: the client may be calling us.
+    // Keeps this process's event loop running meanwhile: the client may be calling us. Returns
+    // what it printed on both channels.
     static QString run(const QString& program, const QStringList& arguments) {
         QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(program, arguments);
-        (void)QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 5000);
-        return QString::fromUtf8(process.readAllStandardOutput());
+        (void)QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 15000);
+        return QString::fromUtf8(process.readAll());
     }
 };
 
@@ -122,4 +125,45 @@ TEST_F(MessagingCenterTest, AnswersIntrospectionWithTheDeclaredOneWayInterface) 
     EXPECT_TRUE(xml.contains("badgeSavedToTmp();"));
     EXPECT_TRUE(xml.contains("reloadData();"));
     EXPECT_TRUE(xml.contains("org.freedesktop.DBus.Method.NoReply(\"true\")"));
+}
+
+TEST_F(MessagingCenterTest, AnswersCallsAwaitingAReplyAtOnceAndRefusesArguments) {
+    QObject target;
+    int delivered = 0;
+    screen().registerForMessageName(MessageName::reloadData, &target,
+                                    [&](const QString&) { ++delivered; });
+    struct Call {
+        const char* member;
+        QStringList arguments;
+        const char* answer;
+        int deliveries;
+    };
+    // gdbus always awaits the reply; a call left unanswered would end in its own timeout.
+    const Call calls[] = {
+        {"reloadData", {}, "()", 1},
+        {"unknownMessage", {}, "org.freedesktop.DBus.Error.UnknownMethod", 0},
+        {"reloadData", {"'x'"}, "org.freedesktop.DBus.Error.InvalidArgs", 0},
+        {"reloadData", {"1", "2"}, "org.freedesktop.DBus.Error.InvalidArgs", 0},
+    };
+    for (const Call& call : calls) {
+        delivered = 0;
+        const QString answer =
+            run("gdbus", QStringList{"call", "--session", "--timeout", "10", "--dest",
+                                     CenterName::preferences, "--object-path",
+                                     "/com/velquor/pomwickpreferences", "--method",
+                                     "com.velquor.pomwickpreferences." + QString(call.member)} +
+                             call.arguments);
+        EXPECT_TRUE(answer.contains(call.answer)) << call.member << ": " << answer.toStdString();
+        EXPECT_EQ(delivered, call.deliveries) << call.member;
+    }
+
+    // One way, with arguments: dropped without an answer; the call after it still arrives.
+    delivered = 0;
+    dbusSend("reloadData", {"string:x"});
+    EXPECT_TRUE(
+        run("gdbus", {"call", "--session", "--timeout", "10", "--dest", CenterName::preferences,
+                      "--object-path", "/com/velquor/pomwickpreferences", "--method",
+                      "com.velquor.pomwickpreferences.reloadData"})
+            .contains("()"));
+    EXPECT_EQ(delivered, 1);
 }

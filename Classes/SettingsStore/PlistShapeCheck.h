@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace pomwick {
+
+// libplist 2.2 aborts on a NUL inside a string, recurses once per level of nesting, and parses a
+// binary plist's shared objects anew at every reference to them. These checks run over the raw
+// bytes before libplist sees them, so that any file is parsed in bounded time and memory or not
+// at all. Both are conservative: they may refuse a file libplist would read, never the reverse.
+struct PlistLimits {
+    // The settings are one dictionary of strings: depth 2 and a few dozen objects.
+    static constexpr size_t maximumDepth = 64;
+    static constexpr size_t maximumObjects = 100000;
+};
+
+// Binary ("bplist00"): the object graph from the root, each reference expanded as libplist
+// expands it, has no cycle, at most maximumDepth levels and maximumObjects objects, and no
+// string holds a NUL.
+bool isSafeBinaryPlist(std::string_view bytes);
+
+// XML: no NUL byte, at most maximumDepth open elements at a time and maximumObjects elements,
+// not counting the <plist> element around them.
+bool isSafeXmlPlist(std::string_view bytes);
+
+} // namespace pomwick
