@@ -1,5 +1,8 @@
 #pragma once
 
+#include "BadgePositionViewController.h"
+#include "Colour.h"
+#include "LJColorPickerView.h"
 #include "TableView.h"
 #include "TextField.h"
 #include "ViewController.h"
@@ -8,6 +11,8 @@
 #include <QLabel>
 #include <QPointer>
 #include <QString>
+#include <optional>
+#include <vector>
 
 namespace pomwick {
 
@@ -20,7 +25,9 @@ class SegmentedControl;
 // grouped table of the settings whose controls write through the settings store at once.
 class PomwickPreferencesViewController : public ViewController,
                                          public TableViewDataSource,
-                                         public TextFieldDelegate {
+                                         public TextFieldDelegate,
+                                         public LJColorPickerViewDelegate,
+                                         public BadgePositionSender {
     Q_OBJECT
 public:
     static constexpr int previewBadgeTag = 1337;
@@ -33,9 +40,10 @@ public:
     void didRotateFromInterfaceOrientation(int fromOrientation) override;
     void respring();
     TableView* table() const { return mainTableView_; }
-    float iconSize() const { return iconSize_; }
+    float iconSize() const override { return iconSize_; }
     void setIconSize(float iconSize) { iconSize_ = iconSize; }
-    QImage finalBadgeImage() const { return finalBadgeImage_; }
+    QImage finalBadgeImage() const override { return finalBadgeImage_; }
+    QRectF viewBounds() override;
     void setFinalBadgeImage(const QImage& image) { finalBadgeImage_ = image; }
     QWidget* tableHeaderView() const { return tableHeaderView_; }
     QLabel* iconImageView() const { return iconImageView_; }
@@ -64,6 +72,9 @@ public:
                                        const QString& replacement) override;
     bool textFieldShouldReturn(TextField* field) override;
 
+    // What selecting a row does.
+    void didSelectColor(LJColorPickerView* picker, const Colour& color) override;
+
     // The preview link.
     void handleSimpleMessageNamed(const QString& name);
     void updateUI();
@@ -71,6 +82,9 @@ public:
 
 private:
     void registerPreviewMessages();
+    void restoreDefaults();
+    void pushColourGrid(int gridTag);
+    void pushPositionEditor();
     TableViewCell* makeCell(const QString& reuseIdentifier, const QString& text,
                             const char* iconFile) const;
     TableViewCell* enabledCell();
@@ -90,6 +104,8 @@ private:
     QPointer<TableViewCell> alphaCell_;
     float iconSize_ = 0;
     QImage finalBadgeImage_;
+    // Loaded on the first grid and kept, an empty palette included.
+    std::optional<std::vector<Colour>> masterColorsArray_;
 };
 
 } // namespace pomwick

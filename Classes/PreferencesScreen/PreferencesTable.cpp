@@ -254,8 +254,4 @@ TableViewCell* PomwickPreferencesViewController::sliderCell(
     return cell;
 }
 
-void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table, IndexPath path) {
-    table->deselectRowAtIndexPath(path, true);
-}
-
 } // namespace pomwick
