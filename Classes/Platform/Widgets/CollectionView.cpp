@@ -3,6 +3,7 @@
 #include "Appearance.h"
 
 #include <QAbstractListModel>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -386,6 +387,7 @@ void CollectionView::endHighlight() {
 void CollectionView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
+    keyboardFocus_ = false;
     endHighlight();
     const int item = itemAt(event->position());
     if (item < 0)
@@ -418,6 +420,7 @@ void CollectionView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CollectionView::keyPressEvent(QKeyEvent* event) {
+    keyboardFocus_ = true;
     const bool selectKey = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
                            event->key() == Qt::Key_Enter;
     if (selectKey && currentIndex().isValid()) {
@@ -425,6 +428,12 @@ void CollectionView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QListView::keyPressEvent(event);
+}
+
+void CollectionView::focusInEvent(QFocusEvent* event) {
+    keyboardFocus_ =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QListView::focusInEvent(event);
 }
 
 void CollectionView::retireHiddenCells() {
@@ -458,7 +467,8 @@ void CollectionView::paintEvent(QPaintEvent* event) {
         }
     }
     painter.setOpacity(1);
-    if (hasFocus() && currentIndex().isValid() && currentIndex().row() < numberOfItems()) {
+    if (hasFocus() && keyboardFocus_ && currentIndex().isValid() &&
+        currentIndex().row() < numberOfItems()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(Appearance::tint(), 3));
         painter.setBrush(Qt::NoBrush);

@@ -114,6 +114,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     class Model;
@@ -141,6 +142,8 @@ private:
     std::optional<int> selected_;
     std::optional<int> highlighted_;
     bool scrollEnabled_ = true;
+    // The focus ring shows while the keyboard is in use, not after a tap.
+    bool keyboardFocus_ = false;
 };
 
 } // namespace pomwick

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "Colour.h"
+#include "Font.h"
+#include "PickerView.h"
+
+#include <QStringList>
+#include <functional>
+#include <limits>
+#include <optional>
+#include <vector>
+
+namespace pomwick {
+
+// A three-wheel picker of font face, font size and colour, its own data source and delegate.
+// Each list is built on first use and kept until its setter is given an empty list. A value set
+// before a list is built always gets a row of its own; one set later only selects the nearest row
+// (sizes, colours) or an equal one (fonts).
+class DQFontPicker : public PickerView, private PickerViewDataSource {
+    Q_OBJECT
+public:
+    // What every index lookup answers when nothing matches.
+    static constexpr qsizetype notFound = std::numeric_limits<qsizetype>::max();
+    static constexpr qreal rowHeight = 30;
+
+    explicit DQFontPicker(QWidget* parent = nullptr);
+
+    using PickerView::numberOfRowsInComponent;
+
+    // Whether colour rows are solid blocks; fixed on here, as on current systems.
+    static bool modernStyle() { return true; }
+
+    std::optional<Font> font() const;
+    void setFont(const Font& font);
+    std::optional<Colour> color() const { return color_; }
+    void setColor(std::optional<Colour> color);
+    QString fontName() const { return fontName_; }
+    double fontSize() const { return fontSize_; }
+
+    void selectFontName(const QString& name, bool animated);
+    void selectFontSize(double size, bool animated);
+    void selectColor(std::optional<Colour> color, bool animated);
+
+    qsizetype indexForFontName(const QString& name);
+    qsizetype indexForFontSize(double size);
+    qsizetype indexForNearestFontSize(double size);
+    qsizetype indexForColor(std::optional<Colour> color);
+    qsizetype indexForNearestColor(std::optional<Colour> color);
+
+    // The rows under the band, or nothing (the size falls back to minFontSize).
+    QString selectedFontName();
+    double selectedFontSize();
+    std::optional<Colour> selectedColor();
+
+    const QStringList& fontList();
+    void setFontList(QStringList list) { fontList_ = std::move(list); }
+    const std::vector<float>& sizeList();
+    void setSizeList(std::vector<float> list) { sizeList_ = std::move(list); }
+    const std::vector<Colour>& colorList();
+    void setColorList(std::vector<Colour> list) { colorList_ = std::move(list); }
+
+    QString text() const { return text_; }
+    void setText(const QString& text) { text_ = text; }
+    double minFontSize() const { return minFontSize_; }
+    void setMinFontSize(double size) { minFontSize_ = size; }
+    double maxFontSize() const { return maxFontSize_; }
+    void setMaxFontSize(double size) { maxFontSize_ = size; }
+    double stepFontSize() const { return stepFontSize_; }
+    void setStepFontSize(double step) { stepFontSize_ = step; }
+    qint64 colorVariants() const { return colorVariants_; }
+    void setColorVariants(qint64 count) { colorVariants_ = count; }
+    qint64 grayVariants() const { return grayVariants_; }
+    void setGrayVariants(qint64 count) { grayVariants_ = count; }
+    qint64 fontComponentIndex() const { return fontComponentIndex_; }
+    void setFontComponentIndex(qint64 index) { fontComponentIndex_ = index; }
+    qint64 sizeComponentIndex() const { return sizeComponentIndex_; }
+    void setSizeComponentIndex(qint64 index) { sizeComponentIndex_ = index; }
+    qint64 colorComponentIndex() const { return colorComponentIndex_; }
+    void setColorComponentIndex(qint64 index) { colorComponentIndex_ = index; }
+    std::function<void()> changeHandler() const { return changeHandler_; }
+    void setChangeHandler(std::function<void()> handler) { changeHandler_ = std::move(handler); }
+
+    // Where the installed faces come from: the font catalogue's families and their faces unless
+    // a caller (a test, a benchmark) gives its own.
+    using FaceSource = std::function<QStringList()>;
+    void setFaceSource(FaceSource source) { faceSource_ = std::move(source); }
+
+    int numberOfComponentsInPickerView(PickerView* picker) override;
+    int numberOfRowsInComponent(PickerView* picker, int component) override;
+    qreal widthForComponent(PickerView* picker, int component) override;
+    qreal rowHeightForComponent(PickerView* picker, int component) override;
+    QWidget* viewForRow(PickerView* picker, int row, int component, QWidget* reusingView) override;
+    void didSelectRow(PickerView* picker, int row, int component) override;
+
+private:
+    enum class Wheel { Font, Size, Colour, None };
+    Wheel wheelOf(qint64 component) const;
+    int selectedRowOf(qint64 component);
+    QStringList installedFaceNames() const;
+
+    QString fontName_;
+    double fontSize_ = 0;
+    std::optional<Colour> color_;
+    QStringList fontList_;
+    std::vector<float> sizeList_;
+    std::vector<Colour> colorList_;
+    QString text_;
+    double minFontSize_ = 0;
+    double maxFontSize_ = 0;
+    double stepFontSize_ = 0;
+    qint64 colorVariants_ = 0;
+    qint64 grayVariants_ = 0;
+    qint64 fontComponentIndex_ = 0;
+    qint64 sizeComponentIndex_ = 1;
+    qint64 colorComponentIndex_ = 2;
+    std::function<void()> changeHandler_;
+    FaceSource faceSource_;
+};
+
+} // namespace pomwick

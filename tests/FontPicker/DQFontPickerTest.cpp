@@ -1,0 +1,281 @@
+#include "DQFontPicker.h"
+
+#include "PickerWheel.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QTest>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace pomwick {
+namespace {
+
+constexpr qsizetype notFound = DQFontPicker::notFound;
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+const Colour white = Colour::white();
+const Colour black = Colour::black();
+
+std::unique_ptr<DQFontPicker> pickerWithFaces(QStringList faces) {
+    auto picker = std::make_unique<DQFontPicker>();
+    picker->setFaceSource([faces] { return faces; });
+    return picker;
+}
+
+std::unique_ptr<QLabel> rowView(DQFontPicker& picker, int row, int component) {
+    return std::unique_ptr<QLabel>(
+        qobject_cast<QLabel*>(picker.viewForRow(&picker, row, component, nullptr)));
+}
+
+TEST(DQFontPicker, ColourWheelRunsFromTheHighestHueDownToBlack) {
+    DQFontPicker picker;
+    const std::vector<Colour>& colours = picker.colorList();
+    ASSERT_EQ(colours.size(), 125u);
+    EXPECT_EQ(colours.back(), black);
+    const std::vector<Colour> brightReds{
+        {1, 0, 0, 1}, {1, 0.25, 0.25, 1}, {1, 0.5, 0.5, 1}, {1, 0.75, 0.75, 1}, white};
+    const auto reds =
+        std::search(colours.begin(), colours.end(), brightReds.begin(), brightReds.end());
+    EXPECT_NE(reds, colours.end()) << "white follows the reds of full brightness";
+    EXPECT_EQ(colours.front(), (Colour{1, 0, 0.25, 1})) << "the highest hue, a red-leaning pink";
+}
+
+TEST(DQFontPicker, OnlyNegativeVariantCountsSurviveTheBuild) {
+    struct Case {
+        qint64 colours;
+        qint64 greys;
+        size_t rows;
+    };
+    for (const Case& c : {Case{0, 0, 125}, Case{27, 0, 125}, Case{1, 1, 125},
+                          Case{1'000'000'000, 1'000'000'000, 125}, Case{-1, 0, 5}, Case{0, -1, 125},
+                          Case{-1, -1, 0}}) {
+        DQFontPicker picker;
+        picker.setColorVariants(c.colours);
+        picker.setGrayVariants(c.greys);
+        EXPECT_EQ(picker.colorList().size(), c.rows) << c.colours << " " << c.greys;
+        EXPECT_EQ(picker.colorVariants(), c.colours >= 0 ? 125 : c.colours);
+    }
+}
+
+TEST(DQFontPicker, AColourSetBeforeTheBuildGetsARowAndOneSetAfterSelectsTheNearest) {
+    const Colour teal{0.1f, 0.5f, 0.45f, 1};
+    DQFontPicker before;
+    before.setColor(teal);
+    EXPECT_EQ(before.colorList().size(), 126u);
+    EXPECT_EQ(before.selectedColor(), teal);
+
+    DQFontPicker after;
+    after.colorList();
+    after.setColor(teal);
+    EXPECT_EQ(after.colorList().size(), 125u);
+    EXPECT_EQ(after.selectedColor(), (Colour{0, 0.5, 0.5, 1}));
+    EXPECT_EQ(after.color(), teal) << "the colour itself is kept";
+
+    struct Lookup {
+        std::optional<Colour> colour;
+        bool exact;
+        bool nearest;
+    };
+    for (const Lookup& l :
+         {Lookup{Colour{1, 0, 0, 0.2f}, true, true}, Lookup{Colour{1.001f, 0, 0, 1}, true, true},
+          Lookup{teal, false, true}, Lookup{std::nullopt, false, false},
+          Lookup{Colour{float(nan), 0, 0, 1}, false, false}}) {
+        EXPECT_EQ(after.indexForColor(l.colour) != notFound, l.exact);
+        EXPECT_EQ(after.indexForNearestColor(l.colour) != notFound, l.nearest);
+    }
+}
+
+TEST(DQFontPicker, SizeListFollowsItsBoundsAndNeverRunsAway) {
+    struct Case {
+        double min, max, step;
+        double fontSize;
+        std::vector<float> first;
+        size_t rows;
+    };
+    const std::vector<Case> cases{
+        {0, 0, 0, 0, {8, 10, 12, 14, 16, 18, 20, 22, 24}, 9},
+        {0, 0, 0, 13, {8, 10, 12, 13, 14, 16, 18, 20, 22, 24}, 10},
+        {-3, nan, -1, 0, {8, 10, 12}, 9},
+        {30, 10, 1, 0, {}, 0},
+        {30, 10, 1, 13, {13}, 1},
+        {8, infinity, 2, 0, {8, 10, 12}, 1000},
+        {8, 24, 1e-30, 0, {8, 8, 8}, 1000},
+        {8, 24, infinity, 0, {8}, 1},
+        {infinity, 24, 2, 0, {}, 0},
+        {10, 11, 0.5, 0, {10, 10.5, 11}, 3},
+    };
+    for (const Case& c : cases) {
+        DQFontPicker picker;
+        picker.setMinFontSize(c.min);
+        picker.setMaxFontSize(c.max);
+        picker.setStepFontSize(c.step);
+        if (c.fontSize != 0)
+            picker.selectFontSize(c.fontSize, false);
+        const std::vector<float>& sizes = picker.sizeList();
+        EXPECT_EQ(sizes.size(), c.rows) << c.min << " " << c.max << " " << c.step;
+        EXPECT_TRUE(std::equal(c.first.begin(), c.first.end(), sizes.begin()))
+            << c.min << " " << c.max << " " << c.step;
+    }
+}
+
+TEST(DQFontPicker, SizeLookupsPreferExactThenTheEarlierOfTwoEquallyNear) {
+    DQFontPicker picker;
+    picker.sizeList();
+    struct Lookup {
+        double size;
+        qsizetype exact;
+        qsizetype nearest;
+    };
+    for (const Lookup& l : {Lookup{13, notFound, 2}, Lookup{14, 3, 3}, Lookup{100, notFound, 8},
+                            Lookup{-5, notFound, 0}, Lookup{nan, notFound, notFound},
+                            Lookup{infinity, notFound, notFound}}) {
+        EXPECT_EQ(picker.indexForFontSize(l.size), l.exact) << l.size;
+        EXPECT_EQ(picker.indexForNearestFontSize(l.size), l.nearest) << l.size;
+    }
+    picker.selectFontSize(13, false);
+    EXPECT_EQ(picker.selectedFontSize(), 12);
+    EXPECT_EQ(picker.fontSize(), 13);
+
+    picker.setSizeList({});
+    picker.setMinFontSize(100);
+    picker.setMaxFontSize(50);
+    picker.setFont(Font{});
+    EXPECT_EQ(picker.indexForNearestFontSize(12), notFound);
+    EXPECT_EQ(picker.selectedFontSize(), 100) << "no row: the minimum";
+}
+
+TEST(DQFontPicker, FontListSortsEveryFaceWithTheCurrentNameInFront) {
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+    auto picker = pickerWithFaces({"b-Regular", "Zeta", "alpha", "Écran-Bold", "Beta"});
+    picker->selectFontName(QStringLiteral("Missing"), false);
+    EXPECT_EQ(picker->fontList(),
+              (QStringList{"alpha", "b-Regular", "Beta", "Écran-Bold", "Missing", "Zeta"}));
+    EXPECT_EQ(picker->selectedFontName(), "Missing");
+
+    struct Lookup {
+        QString name;
+        qsizetype index;
+    };
+    for (const Lookup& l : {Lookup{"Beta", 2}, Lookup{".Beta", 2}, Lookup{"..Zeta", 5},
+                            Lookup{"beta", notFound}, Lookup{"", notFound}, Lookup{".", notFound}})
+        EXPECT_EQ(picker->indexForFontName(l.name), l.index) << l.name.toStdString();
+
+    picker->selectFontName(QStringLiteral("Other"), false);
+    EXPECT_EQ(picker->fontList().size(), 6) << "a name set after the build adds no row";
+    EXPECT_EQ(picker->fontName(), "Other");
+    EXPECT_EQ(picker->selectedFontName(), "Missing");
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST(DQFontPicker, CataloguesOfAnySize) {
+    auto empty = pickerWithFaces({});
+    EXPECT_TRUE(empty->fontList().isEmpty());
+    EXPECT_EQ(empty->numberOfRowsInComponent(0), 0);
+    EXPECT_TRUE(empty->selectedFontName().isNull());
+    empty->selectFontName(QStringLiteral("Lonely"), false);
+    EXPECT_EQ(empty->fontList(), QStringList{"Lonely"});
+
+    QStringList many;
+    for (int i = 5000; i > 0; --i)
+        many.append(QStringLiteral("Face%1").arg(i, 4, 10, QLatin1Char('0')));
+    auto large = pickerWithFaces(many);
+    large->resize(320, 216);
+    large->show();
+    EXPECT_EQ(large->numberOfRowsInComponent(0), 5000);
+    EXPECT_EQ(large->fontList().front(), "Face0001");
+    EXPECT_FALSE(large->grab().isNull());
+
+    DQFontPicker installed;
+    EXPECT_FALSE(installed.fontList().isEmpty()) << "the font catalogue's faces";
+}
+
+TEST(DQFontPicker, WheelsHaveTheirWidthsHeightsAndRowCounts) {
+    DQFontPicker picker;
+    struct Case {
+        int pickerWidth;
+        qreal fontWheel;
+        qreal fontLabel;
+    };
+    for (const Case& c : {Case{320, 158, 138}, Case{400, 238, 218}, Case{200, 66, 46}}) {
+        picker.resize(c.pickerWidth, 216);
+        EXPECT_EQ(picker.widthForComponent(&picker, 0), c.fontWheel);
+        EXPECT_EQ(rowView(picker, 0, 0)->width(), c.fontLabel);
+    }
+    EXPECT_EQ(picker.widthForComponent(&picker, 1), 66);
+    EXPECT_EQ(picker.widthForComponent(&picker, 2), 66);
+    EXPECT_TRUE(std::isnan(picker.widthForComponent(&picker, 3)));
+    EXPECT_EQ(picker.rowHeightForComponent(&picker, 1), 30);
+    EXPECT_EQ(picker.numberOfComponentsInPickerView(&picker), 3);
+    EXPECT_EQ(picker.numberOfRowsInComponent(&picker, 1), 9);
+    EXPECT_EQ(picker.numberOfRowsInComponent(&picker, 7), -1);
+}
+
+TEST(DQFontPicker, RowsShowTheirFaceTheirSizeAndTheirColour) {
+    auto picker = pickerWithFaces({"DejaVuSans", "Zapfino", "DejaVuSerif"});
+    picker->setSizeList({8, 13.5f});
+    EXPECT_EQ(rowView(*picker, 0, 1)->text(), " 8");
+    EXPECT_EQ(rowView(*picker, 1, 1)->text(), "13.5");
+    EXPECT_EQ(rowView(*picker, 0, 0)->font().pixelSize(), 18);
+    EXPECT_EQ(rowView(*picker, 2, 0)->font().pixelSize(), 12) << "Zapfino draws small";
+    EXPECT_EQ(rowView(*picker, 1, 0)->text(), "DejaVuSerif");
+    picker->setText(QStringLiteral("Sample"));
+    EXPECT_EQ(rowView(*picker, 1, 0)->text(), "Sample");
+    EXPECT_EQ(rowView(*picker, 1, 0)->accessibleName(), "DejaVuSerif");
+
+    const auto colour = rowView(*picker, 124, 2);
+    EXPECT_EQ(colour->text(), QString::fromUtf8("\u2588\u2588"));
+    EXPECT_EQ(colour->palette().color(QPalette::Window), QColor(Qt::black));
+    EXPECT_EQ(colour->palette().color(QPalette::WindowText), QColor(Qt::black));
+    EXPECT_EQ(colour->accessibleName(), "red 0% green 0% blue 0%");
+    EXPECT_EQ(rowView(*picker, 0, 5)->text(), "");
+    EXPECT_EQ(rowView(*picker, 0, 5)->height(), 20);
+    for (auto [row, component] : {std::pair{3, 0}, {2, 1}, {125, 2}})
+        EXPECT_EQ(picker->viewForRow(picker.get(), row, component, nullptr), nullptr);
+}
+
+TEST(DQFontPicker, EveryUserPickUpdatesTheValueAndCallsTheHandler) {
+    DQFontPicker picker;
+    picker.resize(320, 216);
+    picker.show();
+    int changes = 0;
+    picker.setChangeHandler([&] { ++changes; });
+    picker.selectFontSize(12, false);
+    EXPECT_EQ(changes, 0) << "selecting from code is no pick";
+
+    PickerWheel* sizes = picker.wheel(1);
+    sizes->setFocus();
+    QTest::keyClick(sizes, Qt::Key_Down);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return changes == 1; }));
+    EXPECT_EQ(picker.fontSize(), 14);
+
+    PickerWheel* colours = picker.wheel(2);
+    QWheelEvent turn(QPointF(10, 10), colours->mapToGlobal(QPointF(10, 10)), {}, {0, -240},
+                     Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(colours->viewport(), &turn);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return changes == 2; }));
+    EXPECT_EQ(picker.color(), picker.colorList()[2]);
+
+    picker.didSelectRow(&picker, 0, 9);
+    EXPECT_EQ(changes, 3) << "a wheel of nothing still counts as a pick";
+}
+
+TEST(DQFontPicker, WheelsReadAsListsOfNamedRows) {
+    auto picker = pickerWithFaces({"DejaVuSans", "DejaVuSerif"});
+    picker->resize(320, 216);
+    picker->show();
+    QAccessibleInterface* fonts = QAccessible::queryAccessibleInterface(picker->wheel(0));
+    ASSERT_NE(fonts, nullptr);
+    EXPECT_EQ(fonts->role(), QAccessible::List);
+    EXPECT_EQ(fonts->text(QAccessible::Name), "Font");
+    ASSERT_EQ(fonts->childCount(), 2);
+    EXPECT_EQ(fonts->child(1)->text(QAccessible::Name), "DejaVuSerif");
+    QAccessibleInterface* sizes = QAccessible::queryAccessibleInterface(picker->wheel(1));
+    EXPECT_EQ(sizes->child(0)->text(QAccessible::Name), "8");
+    QAccessibleInterface* colours = QAccessible::queryAccessibleInterface(picker->wheel(2));
+    EXPECT_EQ(colours->child(124)->text(QAccessible::Name), "red 0% green 0% blue 0%");
+}
+
+} // namespace
+} // namespace pomwick

@@ -1,0 +1,74 @@
+// The two pickers in one window, for driving them with real input: the font picker on top, a
+// colour grid below. Every pick is printed on its own line. With --screenshot FILE the window is
+// photographed once it has painted, and the program ends.
+#include "DQFontPicker.h"
+#include "LJColorPickerView.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <cstdio>
+
+using namespace pomwick;
+
+namespace {
+
+class Printer : public QObject, public LJColorPickerViewDelegate {
+public:
+    void didSelectColor(LJColorPickerView*, const Colour& c) override {
+        std::printf("color %.3f %.3f %.3f\n", double(c.red), double(c.green), double(c.blue));
+        std::fflush(stdout);
+    }
+};
+
+std::vector<Colour> palette() {
+    std::vector<Colour> colours;
+    for (int i = 0; i < 48; ++i) {
+        const QColor colour = QColor::fromHsvF(float(i % 12) / 12, 0.35f + float(i / 12) * 0.2f,
+                                               1.0f - float(i / 12) * 0.15f);
+        colours.push_back({colour.redF(), colour.greenF(), colour.blueF(), 1});
+    }
+    return colours;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QWidget window;
+    window.setWindowTitle(QStringLiteral("Pickers"));
+    window.setStyleSheet(QStringLiteral("QWidget#window { background: #f2f2f7; }"));
+    window.setObjectName(QStringLiteral("window"));
+    auto* layout = new QVBoxLayout(&window);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(12);
+    auto* fonts = new DQFontPicker;
+    fonts->setFixedSize(320, 216);
+    Font font;
+    font.name = "DejaVuSans";
+    font.size = 14;
+    fonts->setFont(font);
+    fonts->setColor(Colour{1, 0, 0, 1});
+    fonts->setChangeHandler([fonts] {
+        std::printf("changed %s %g\n", qPrintable(fonts->fontName()), fonts->fontSize());
+        std::fflush(stdout);
+    });
+    auto* grid = new LJColorPickerView;
+    grid->setFixedSize(320, 248);
+    Printer printer;
+    grid->setDelegate(&printer);
+    grid->setColors(palette());
+    layout->addWidget(fonts);
+    layout->addWidget(grid);
+    window.show();
+
+    const QStringList arguments = app.arguments();
+    const qsizetype shot = arguments.indexOf(QStringLiteral("--screenshot"));
+    if (shot >= 0 && shot + 1 < arguments.size()) {
+        QTimer::singleShot(0, &window, [&] {
+            window.grab().save(arguments[shot + 1]);
+            app.quit();
+        });
+    }
+    return app.exec();
+}
