@@ -1,6 +1,6 @@
 #include "ColourPalette.h"
 
-#include "HexColor.h"
+#include "ColourText.h"
 #include "PlistDictionary.h"
 #include "PreviewFiles.h"
 

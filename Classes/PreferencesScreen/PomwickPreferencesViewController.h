@@ -2,6 +2,7 @@
 
 #include "BadgePositionViewController.h"
 #include "Colour.h"
+#include "DQFontPicker.h"
 #include "LJColorPickerView.h"
 #include "TableView.h"
 #include "TextField.h"
@@ -73,6 +74,12 @@ public:
     bool textFieldShouldReturn(TextField* field) override;
 
     // What selecting a row does.
+    void showFontPicker();
+    void hideFontPicker();
+    DQFontPicker* fontPicker() const { return fontPicker_; }
+    QWidget* doneToolbar() const { return doneToolbar_; }
+    QWidget* fontContainerView() const { return fontContainerView_; }
+    QWidget* dimmingView() const { return dimmingView_; }
     void didSelectColor(LJColorPickerView* picker, const Colour& color) override;
 
     // The preview link.
@@ -104,6 +111,11 @@ private:
     QPointer<TableViewCell> alphaCell_;
     float iconSize_ = 0;
     QImage finalBadgeImage_;
+    // The font sheet, while it is up.
+    QPointer<DQFontPicker> fontPicker_;
+    QPointer<QWidget> doneToolbar_;
+    QPointer<QWidget> fontContainerView_;
+    QPointer<QWidget> dimmingView_;
     // Loaded on the first grid and kept, an empty palette included.
     std::optional<std::vector<Colour>> masterColorsArray_;
 };

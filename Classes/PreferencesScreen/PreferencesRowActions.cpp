@@ -1,11 +1,11 @@
 // What selecting a row does: open an editor, restore the defaults or open an outside page.
 #include "ColorPickerController.h"
 #include "ColourPalette.h"
+#include "ColourText.h"
 #include "NavigationController.h"
 #include "OutsideLinks.h"
 #include "PomwickPreferencesViewController.h"
 #include "Settings.h"
-#include "TextScanning.h"
 #include "ViewGeometry.h"
 
 #include <QDesktopServices>
@@ -16,15 +16,12 @@ namespace {
 constexpr int backgroundGridTag = 0;
 constexpr int borderGridTag = 1;
 
-std::string storedColour(const Colour& colour) {
-    return formatFloat(colour.red) + "," + formatFloat(colour.green) + "," +
-           formatFloat(colour.blue) + "," + formatFloat(colour.alpha);
-}
-
 } // namespace
 
 void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table, IndexPath path) {
-    if (path == IndexPath{1, 3})
+    if (path == IndexPath{1, 2})
+        showFontPicker();
+    else if (path == IndexPath{1, 3})
         pushColourGrid(backgroundGridTag);
     else if (path == IndexPath{1, 4})
         pushPositionEditor();
@@ -74,10 +71,10 @@ void PomwickPreferencesViewController::didSelectColor(LJColorPickerView* picker,
                                                       const Colour& color) {
     switch (tag(picker)) {
     case backgroundGridTag:
-        setPreferencesObjectKey(storedColour(color), SettingsKey::badgeBackgroundColor);
+        setPreferencesObjectKey(storedColourText(color), SettingsKey::badgeBackgroundColor);
         break;
     case borderGridTag:
-        setPreferencesObjectKey(storedColour(color), SettingsKey::badgeBorderColor);
+        setPreferencesObjectKey(storedColourText(color), SettingsKey::badgeBorderColor);
         break;
     default:
         break;

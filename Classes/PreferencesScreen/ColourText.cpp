@@ -1,4 +1,4 @@
-#include "HexColor.h"
+#include "ColourText.h"
 
 #include "TextScanning.h"
 
@@ -10,6 +10,11 @@ Colour getUIColorFromHexString(std::string_view hex, float alpha) {
         return float((value >> shift) & 0xFF) / 255.0f;
     };
     return {component(16), component(8), component(0), alpha};
+}
+
+std::string storedColourText(const Colour& colour) {
+    return formatFloat(colour.red) + "," + formatFloat(colour.green) + "," +
+           formatFloat(colour.blue) + "," + formatFloat(colour.alpha);
 }
 
 } // namespace pomwick
