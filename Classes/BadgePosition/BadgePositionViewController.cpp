@@ -106,7 +106,7 @@ void BadgePositionViewController::viewDidLoad() {
     infoTextView_ = new QLabel("Drag the badge bubble \nto your desired location.", root);
     infoTextView_->setFont(Appearance::systemFont(16));
     infoTextView_->setAlignment(Qt::AlignCenter);
-    infoTextView_->setContentsMargins(5, 8, 5, 8);
+    infoTextView_->setMargin(8);
     infoTextView_->setFrameStyle(QFrame::Box | QFrame::Plain);
     infoTextView_->setLineWidth(1);
     infoTextView_->setAutoFillBackground(true);
