@@ -3,15 +3,12 @@
 #include "ColourPalette.h"
 #include "ColourText.h"
 #include "DevicePaths.h"
-#include "MessageNames.h"
-#include "MessagingCenter.h"
 #include "NavigationController.h"
 #include "ScreenFixture.h"
 #include "Settings.h"
 #include "ViewGeometry.h"
 
 #include <QAbstractButton>
-#include <QProcess>
 #include <QTest>
 #include <filesystem>
 
@@ -42,10 +39,6 @@ protected:
         navigation->show();
     }
     void TearDown() override {
-        if (monitor.state() != QProcess::NotRunning) {
-            monitor.kill();
-            monitor.waitForFinished();
-        }
         if (navigation) {
             navigation.reset();
             (void)screen.release(); // the stack owned it
@@ -56,42 +49,7 @@ protected:
     ViewController* top() const { return navigation->topViewController(); }
     LJColorPickerView* grid() const { return qobject_cast<LJColorPickerView*>(top()->view()); }
 
-    // dbus-monitor, not our code, counts the messages on the private bus.
-    void watchBus() {
-        monitor.start("dbus-monitor", {"--session", "type='method_call'"});
-        ASSERT_TRUE(monitor.waitForStarted(5000));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return monitor.waitForReadyRead(50); }, 5000));
-        // Messages an earlier test sent to the page may still be on their way, and arrive in
-        // order: once one sent now has rebuilt the table, they have all been handled.
-        TableViewCell* before = screen->table()->cellForRowAtIndexPath({0, 0});
-        MessagingCenter::centerNamed(CenterName::preferences)
-            .sendMessageName(MessageName::reloadData);
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] {
-                return screen->table()->cellForRowAtIndexPath({0, 0}) != before;
-            },
-            5000));
-        ASSERT_TRUE(QTest::qWaitFor([&] { return monitor.waitForReadyRead(50); }, 5000));
-        QTest::qWait(150);
-        monitor.readAll();
-    }
-    // Waits until `expected` messages of that name were seen, then a little longer for extras.
-    qsizetype seen(const char* member, qsizetype expected) {
-        const QByteArray pattern = QByteArray("member=") + member;
-        (void)QTest::qWaitFor(
-            [&] {
-                log += monitor.readAll();
-                return log.count(pattern) >= expected;
-            },
-            3000);
-        QTest::qWait(150);
-        log += monitor.readAll();
-        return log.count(pattern);
-    }
-
     std::unique_ptr<NavigationController> navigation;
-    QProcess monitor;
-    QByteArray log;
 };
 
 } // namespace
@@ -186,20 +144,6 @@ TEST_F(RowActions, ATappedSwatchStoresItsColourUnderTheGridsKeyAndThePaletteIsRe
     EXPECT_EQ(grid()->colorView()->numberOfItems(), 2);
     tapFirstSwatch();
     EXPECT_EQ(stored("BADGE_BACKGROUND_COLOR"), "1.000000,0.501961,0.000000,1.000000");
-}
-
-TEST_F(RowActions, LeavingAGridOrTheEditorSendsOneReloadWhichRebuildsTheTableOnce) {
-    host();
-    watchBus();
-    select(1, 3);
-    navigation->popViewControllerAnimated(true);
-    EXPECT_EQ(seen("reloadData", 1), 1);
-    EXPECT_EQ(seen("saveBadgeImages", 5), 5);
-
-    select(1, 4);
-    navigation->popViewControllerAnimated(true);
-    EXPECT_EQ(seen("reloadData", 2), 2);
-    EXPECT_EQ(seen("saveBadgeImages", 10), 10);
 }
 
 TEST_F(RowActions, RestoreDefaultsRemovesTheFileAndShowsTheDefaultsAtOnce) {
