@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The two pickers in a real X window: a private X server, the pickers' window, xdotool drags the
 # size wheel and taps a swatch. The wheel must come to rest on another size and report it once;
-# the swatch must report its colour and wear the white selection border. Leaves a screenshot.
+# the swatch must report its colour and wear the white selection border; then the keyboard alone
+# picks a swatch and turns a wheel. Leaves a screenshot.
 #   PickersEndToEnd.sh PICKERS_WINDOW SCREENSHOT.png
 set -euo pipefail
 program=$1
@@ -59,8 +60,17 @@ changes=$(grep -c '^changed ' "$work/out")
 [ "$changes" = 1 ] || fail "one drag reported $changes picks"
 grep -q '^changed DejaVuSans 1[68]$' "$work/out" || fail "the wheel did not rest two or three rows on"
 grep -qx 'color 0.650 1.000 0.825' "$work/out" || fail "the swatch reported another colour"
-
 import -display "$DISPLAY" -window root -crop "${WIDTH}x${HEIGHT}+${X}+${Y}" "$screenshot"
+
+# The keyboard alone: the tap left the focus in the grid; Right and Space pick the next swatch,
+# Shift+Tab goes back to the colour wheel and Down turns it one row.
+xdotool windowfocus --sync "$window"
+xdotool key Right space
+wait_for_line '^color 0.650 1.000 1.000$' "Right and Space did not pick the next swatch"
+xdotool key shift+Tab Down
+for _ in $(seq 200); do [ "$(grep -c '^changed ' "$work/out")" = 2 ] && break; sleep 0.05; done
+[ "$(grep -c '^changed ' "$work/out")" = 2 ] || fail "Down on the colour wheel reported no pick"
+
 [ -s "$screenshot" ] || fail "no screenshot"
 # The tapped swatch (its top-left corner at 80.7, 308) wears a white border 5 points wide.
 border=$(convert "$screenshot" -format "%[pixel:p{84,330}]" info:)

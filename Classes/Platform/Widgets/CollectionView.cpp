@@ -59,16 +59,9 @@ private:
     CollectionView* grid_;
 };
 
-CollectionView::CollectionView(QWidget* parent) : QListView(parent), model_(new Model(this)) {
+CollectionView::CollectionView(QWidget* parent)
+    : ScrollingItemView(parent), model_(new Model(this)) {
     setModel(model_);
-    setSelectionMode(SingleSelection);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFrameShape(NoFrame);
-    setFocusPolicy(Qt::StrongFocus);
-    viewport()->setAutoFillBackground(false);
-    QScroller::grabGesture(viewport(), QScroller::LeftMouseButtonGesture);
     setAlwaysBounceVertical(false);
 }
 
@@ -130,10 +123,6 @@ void CollectionView::setContentInset(const QMarginsF& inset) {
 
 void CollectionView::setAlwaysBounceVertical(bool bounce) {
     QScrollerProperties properties = QScroller::scroller(viewport())->scrollerProperties();
-    // A press highlights its swatch at once; the scroller still takes over once it turns to a drag.
-    properties.setScrollMetric(QScrollerProperties::MousePressEventDelay, 0);
-    properties.setScrollMetric(QScrollerProperties::HorizontalOvershootPolicy,
-                               QVariant::fromValue(QScrollerProperties::OvershootAlwaysOff));
     properties.setScrollMetric(
         QScrollerProperties::VerticalOvershootPolicy,
         QVariant::fromValue(bounce ? QScrollerProperties::OvershootAlwaysOn
@@ -142,7 +131,6 @@ void CollectionView::setAlwaysBounceVertical(bool bounce) {
 }
 
 void CollectionView::setScrollEnabled(bool enabled) {
-    scrollEnabled_ = enabled;
     if (enabled)
         QScroller::grabGesture(viewport(), QScroller::LeftMouseButtonGesture);
     else
@@ -212,10 +200,6 @@ void CollectionView::layoutItems() {
     contentHeight_ = lines_.empty() ? 0 : lines_.back().bottom + section.bottom();
 }
 
-void CollectionView::doItemsLayout() {
-    QAbstractItemView::doItemsLayout();
-}
-
 void CollectionView::updateGeometries() {
     const qreal extent = contentInset_.top() + contentHeight_ + contentInset_.bottom();
     // Content shorter than the view still reaches offset (0, 0), where resets put it.
@@ -226,17 +210,9 @@ void CollectionView::updateGeometries() {
     QAbstractItemView::updateGeometries();
 }
 
-void CollectionView::scrollContentsBy(int, int) {
-    viewport()->update();
-}
-
 void CollectionView::resizeEvent(QResizeEvent* event) {
     layoutItems();
     QAbstractItemView::resizeEvent(event);
-}
-
-int CollectionView::verticalOffset() const {
-    return verticalScrollBar()->value();
 }
 
 QPointF CollectionView::contentToView() const {
@@ -283,19 +259,6 @@ void CollectionView::scrollTo(const QModelIndex& index, ScrollHint) {
         bar->setValue(bar->value() + rect.top());
     else if (rect.bottom() >= viewport()->height())
         bar->setValue(bar->value() + rect.bottom() + 1 - viewport()->height());
-}
-
-QRegion CollectionView::visualRegionForSelection(const QItemSelection& selection) const {
-    QRegion region;
-    for (const QModelIndex& index : selection.indexes())
-        region += visualRect(index);
-    return region;
-}
-
-QItemSelectionModel::SelectionFlags CollectionView::selectionCommand(const QModelIndex&,
-                                                                     const QEvent*) const {
-    // Moving the focus ring never selects: only a tap, Space or Enter does.
-    return QItemSelectionModel::NoUpdate;
 }
 
 QModelIndex CollectionView::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
@@ -427,13 +390,13 @@ void CollectionView::keyPressEvent(QKeyEvent* event) {
         selectItem(currentIndex().row());
         return;
     }
-    QListView::keyPressEvent(event);
+    ScrollingItemView::keyPressEvent(event);
 }
 
 void CollectionView::focusInEvent(QFocusEvent* event) {
     keyboardFocus_ =
         event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
-    QListView::focusInEvent(event);
+    ScrollingItemView::focusInEvent(event);
 }
 
 void CollectionView::retireHiddenCells() {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "ScrollingItemView.h"
 #include "TableViewCell.h"
 
-#include <QListView>
 #include <QMarginsF>
 #include <map>
 #include <memory>
@@ -62,9 +62,7 @@ public:
 // spacing of the line above; lines separated by the line spacing. Only visible items are asked
 // for their cells. Dragging scrolls kinetically and bounces; a tap highlights on press, selects on
 // release; the arrow keys move the focus ring and Space or Enter select. Single selection.
-// A list view underneath, so that assistive technology reads it as a list of named items; the
-// layout and the painting are all its own.
-class CollectionView : public QListView {
+class CollectionView : public ScrollingItemView {
     Q_OBJECT
 public:
     explicit CollectionView(QWidget* parent = nullptr);
@@ -94,19 +92,10 @@ public:
     QRect visualRect(const QModelIndex& index) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     QModelIndex indexAt(const QPoint& point) const override;
-    void doItemsLayout() override;
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    int horizontalOffset() const override { return 0; }
-    int verticalOffset() const override;
-    bool isIndexHidden(const QModelIndex&) const override { return false; }
-    void setSelection(const QRect&, QItemSelectionModel::SelectionFlags) override {}
-    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
-    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex&,
-                                                         const QEvent*) const override;
     void updateGeometries() override;
-    void scrollContentsBy(int dx, int dy) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -141,7 +130,6 @@ private:
     std::map<int, std::unique_ptr<CollectionViewCell>> cells_;
     std::optional<int> selected_;
     std::optional<int> highlighted_;
-    bool scrollEnabled_ = true;
     // The focus ring shows while the keyboard is in use, not after a tap.
     bool keyboardFocus_ = false;
 };

@@ -56,34 +56,17 @@ private:
 };
 
 PickerWheel::PickerWheel(PickerView* picker, int component)
-    : QListView(picker), picker_(picker), component_(component), model_(new Model(this)),
+    : ScrollingItemView(picker), picker_(picker), component_(component), model_(new Model(this)),
       animation_(new QPropertyAnimation(this, "position", this)) {
     setModel(model_);
-    setSelectionMode(SingleSelection);
-    setVerticalScrollMode(ScrollPerPixel);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFrameShape(NoFrame);
-    setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_TranslucentBackground);
-    viewport()->setAutoFillBackground(false);
-    setAutoFillBackground(false);
-
     animation_->setDuration(turnDurationMs);
     animation_->setEasingCurve(QEasingCurve::OutCubic);
     connect(animation_, &QPropertyAnimation::finished, this, [this] {
         if (target_)
             rest(*target_, targetByUser_);
     });
-
-    QScroller* scroller = QScroller::scroller(viewport());
-    QScroller::grabGesture(viewport(), QScroller::LeftMouseButtonGesture);
-    QScrollerProperties properties = scroller->scrollerProperties();
-    properties.setScrollMetric(QScrollerProperties::MousePressEventDelay, 0);
-    properties.setScrollMetric(QScrollerProperties::HorizontalOvershootPolicy,
-                               QVariant::fromValue(QScrollerProperties::OvershootAlwaysOff));
-    scroller->setScrollerProperties(properties);
-    connect(scroller, &QScroller::stateChanged, this, &PickerWheel::scrollerStateChanged);
+    connect(QScroller::scroller(viewport()), &QScroller::stateChanged, this,
+            &PickerWheel::scrollerStateChanged);
     setRowHeight(rowHeight_);
 }
 
@@ -203,7 +186,7 @@ void PickerWheel::syncCurrentIndex() {
 }
 
 void PickerWheel::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QListView::currentChanged(current, previous);
+    ScrollingItemView::currentChanged(current, previous);
     // Typing a row's first letters makes it current: the wheel turns to it.
     if (!syncing_ && current.isValid() && current.row() != selected_)
         moveToRow(current.row(), true, true);
@@ -263,19 +246,11 @@ void PickerWheel::retireRows(int first, int last) {
     }
 }
 
-void PickerWheel::doItemsLayout() {
-    QAbstractItemView::doItemsLayout();
-}
-
 void PickerWheel::updateGeometries() {
     const int last = std::max(rows_ - 1, 0);
     verticalScrollBar()->setRange(0, int(std::lround(last * rowHeight_)));
     verticalScrollBar()->setSingleStep(int(std::lround(rowHeight_)));
     QAbstractItemView::updateGeometries();
-}
-
-void PickerWheel::scrollContentsBy(int, int) {
-    viewport()->update();
 }
 
 void PickerWheel::resizeEvent(QResizeEvent* event) {
@@ -284,12 +259,8 @@ void PickerWheel::resizeEvent(QResizeEvent* event) {
 }
 
 void PickerWheel::showEvent(QShowEvent* event) {
-    QListView::showEvent(event);
+    ScrollingItemView::showEvent(event);
     numberOfRows();
-}
-
-int PickerWheel::verticalOffset() const {
-    return position();
 }
 
 QRect PickerWheel::visualRect(const QModelIndex& index) const {
@@ -313,18 +284,6 @@ QModelIndex PickerWheel::indexAt(const QPoint& point) const {
 
 QModelIndex PickerWheel::moveCursor(CursorAction, Qt::KeyboardModifiers) {
     return currentIndex();
-}
-
-QRegion PickerWheel::visualRegionForSelection(const QItemSelection& selection) const {
-    QRegion region;
-    for (const QModelIndex& index : selection.indexes())
-        region += visualRect(index);
-    return region;
-}
-
-QItemSelectionModel::SelectionFlags PickerWheel::selectionCommand(const QModelIndex&,
-                                                                  const QEvent*) const {
-    return QItemSelectionModel::NoUpdate;
 }
 
 void PickerWheel::mousePressEvent(QMouseEvent* event) {
@@ -379,7 +338,7 @@ void PickerWheel::keyPressEvent(QKeyEvent* event) {
         row = numberOfRows() - 1;
         break;
     default:
-        QListView::keyPressEvent(event);
+        ScrollingItemView::keyPressEvent(event);
         return;
     }
     row = std::clamp(row, 0, std::max(numberOfRows() - 1, 0));

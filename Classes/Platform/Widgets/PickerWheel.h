@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QListView>
+#include "ScrollingItemView.h"
+
 #include <QPixmap>
 #include <QScroller>
 #include <map>
@@ -18,7 +19,7 @@ class PickerView;
 // height, so that row r rests in the middle at position r x height. QScroller drags it and snaps
 // it to rows; a property animation turns it to a row. Rows are made, rendered and kept only while
 // they are near the middle.
-class PickerWheel : public QListView {
+class PickerWheel : public ScrollingItemView {
     Q_OBJECT
     Q_PROPERTY(int position READ position WRITE setPosition)
 public:
@@ -42,20 +43,11 @@ public:
     QRect visualRect(const QModelIndex& index) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     QModelIndex indexAt(const QPoint& point) const override;
-    void doItemsLayout() override;
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    int horizontalOffset() const override { return 0; }
-    int verticalOffset() const override;
-    bool isIndexHidden(const QModelIndex&) const override { return false; }
-    void setSelection(const QRect&, QItemSelectionModel::SelectionFlags) override {}
-    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
-    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex&,
-                                                         const QEvent*) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void updateGeometries() override;
-    void scrollContentsBy(int dx, int dy) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -90,6 +90,10 @@ TEST(PickerView, KeysAndTheMouseWheelTurnAWheelAndTellOncePerRest) {
     ASSERT_TRUE(shown.waitForPicks(6));
     EXPECT_EQ(shown.numbers.picks.back(), std::pair(0, 3));
 
+    QTest::mouseClick(wheel->viewport(), Qt::LeftButton, {}, QPoint(20, 108 + 2 * 30));
+    ASSERT_TRUE(shown.waitForPicks(7)) << "a tapped row turns to the middle";
+    EXPECT_EQ(shown.numbers.picks.back(), std::pair(0, 5));
+
     QTest::keyClick(wheel, Qt::Key_Tab);
     EXPECT_TRUE(shown.picker.wheel(1)->hasFocus());
 }
