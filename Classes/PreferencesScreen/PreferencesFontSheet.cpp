@@ -2,6 +2,7 @@
 // tap catcher that closes it, as Done and Escape do.
 #include "Appearance.h"
 #include "ColourText.h"
+#include "PickerWheel.h"
 #include "PomwickPreferencesViewController.h"
 #include "Settings.h"
 #include "TextScanning.h"
@@ -162,7 +163,10 @@ void PomwickPreferencesViewController::showFontPicker() {
           1.0, [container, picker] {
               setAlpha(container, 1.0);
               container->setEnabled(true);
-              picker->setFocus(Qt::OtherFocusReason);
+              // The keyboard follows the sheet: its first wheel, then Tab to the others and Done.
+              QWidget* firstWheel = picker->wheel(0);
+              (firstWheel ? firstWheel : static_cast<QWidget*>(picker))
+                  ->setFocus(Qt::OtherFocusReason);
           });
 }
 

@@ -1,3 +1,4 @@
+#include "PickerWheel.h"
 #include "ScreenFixture.h"
 #include "Settings.h"
 #include "ViewGeometry.h"
@@ -51,7 +52,8 @@ TEST_F(FontSheet, SlidesUpBelowItsBarOverAClearTapCatcherWithTheStoredValuesChos
     EXPECT_EQ(frame(sheet()), QRectF(0, 363, 375, 260));
     // The keyboard is in the sheet, and Tab reaches Done from the wheels.
     QWidget* done = screen->doneToolbar()->findChild<QPushButton*>();
-    QWidget* next = screen->fontPicker();
+    QWidget* next = screen->fontPicker()->wheel(0);
+    EXPECT_EQ(screen->view()->window()->focusWidget(), next);
     for (int stops = 0; stops < 4 && next != done;) {
         next = next->nextInFocusChain();
         stops += (next->focusPolicy() & Qt::TabFocus) && next->isVisibleTo(sheet()) ? 1 : 0;
@@ -91,7 +93,7 @@ TEST_F(FontSheet, ATapAboveTheSheetClosesItAsDoneAndEscapeDoAndTheRowShowsTheCho
     EXPECT_EQ(stored("BADGE_FONT_SIZE"), "31");
     EXPECT_EQ(getBadgeFontSize(), 31);
     closeWith([&] { screen->doneToolbar()->findChild<QPushButton*>()->click(); });
-    closeWith([&] { QTest::keyClick(screen->fontPicker(), Qt::Key_Escape); });
+    closeWith([&] { QTest::keyClick(screen->fontPicker()->wheel(0), Qt::Key_Escape); });
 }
 
 TEST_F(FontSheet, OpenedTwiceOrClosedWhileSlidingOrResizedLeavesOneSheetOrNone) {
