@@ -176,6 +176,9 @@ void PomwickPreferencesViewController::hideFontPicker() {
         return;
     const QRectF viewBounds = bounds(view());
     const QRectF sheet = frame(container);
+    // The keyboard goes back to the list, not to whichever control follows the sheet's.
+    if (container->isAncestorOf(container->window()->focusWidget()))
+        mainTableView_->setFocus(Qt::OtherFocusReason);
     container->setEnabled(false);
     slide(container, QRectF(0, viewBounds.height(), sheet.width(), sheet.height()), 0.0,
           [container, dimming = QPointer<QWidget>(dimmingView_)] {

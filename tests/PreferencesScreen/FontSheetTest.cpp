@@ -94,6 +94,7 @@ TEST_F(FontSheet, ATapAboveTheSheetClosesItAsDoneAndEscapeDoAndTheRowShowsTheCho
     EXPECT_EQ(getBadgeFontSize(), 31);
     closeWith([&] { screen->doneToolbar()->findChild<QPushButton*>()->click(); });
     closeWith([&] { QTest::keyClick(screen->fontPicker()->wheel(0), Qt::Key_Escape); });
+    EXPECT_EQ(screen->view()->window()->focusWidget(), screen->table());
 }
 
 TEST_F(FontSheet, OpenedTwiceOrClosedWhileSlidingOrResizedLeavesOneSheetOrNone) {
