@@ -68,6 +68,8 @@ monitor=$!
 wait_until '[ -s "$work/monitor.log" ]' "dbus-monitor did not start"
 "$build/Renderer/pomwick-renderer" --root "$root" 2>"$work/renderer.log" &
 renderer=$!
+# The header is sized from the icon size the renderer reports; the rows' places depend on it.
+wait_until '[ -s "$root/tmp/iconSize.txt" ]' "the renderer reported no icon size"
 PATH="$work/bin:$PATH" "$build/Host/pomwick-settings" --root "$root" 2>"$work/host.log" &
 host=$!
 window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1)
