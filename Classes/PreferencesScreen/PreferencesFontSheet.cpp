@@ -9,6 +9,7 @@
 #include "ViewGeometry.h"
 
 #include <QAbstractButton>
+#include <QEvent>
 #include <QGraphicsOpacityEffect>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -48,6 +49,44 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {}
 };
+
+// While the sheet moves it takes no touches: a clear cover over it swallows them, so that the
+// wheels keep their look (a disabled sheet would draw grey until it arrived).
+class SlideCover : public QWidget {
+public:
+    explicit SlideCover(QWidget* sheet) : QWidget(sheet) {
+        setObjectName("slideCover");
+        setGeometry(0, 0, 16384, 16384);
+        raise();
+        show();
+    }
+
+protected:
+    bool event(QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+            event->accept();
+            return true;
+        default:
+            return QWidget::event(event);
+        }
+    }
+};
+
+void setTakesTouches(QWidget* sheet, bool takes) {
+    auto* cover = sheet->findChild<SlideCover*>("slideCover", Qt::FindDirectChildrenOnly);
+    if (takes)
+        delete cover;
+    else if (cover == nullptr)
+        new SlideCover(sheet);
+}
 
 QPushButton* doneButton(QWidget* parent) {
     auto* done = new QPushButton("Done", parent);
@@ -149,10 +188,10 @@ void PomwickPreferencesViewController::showFontPicker() {
     setBackgroundColour(container, Qt::white);
     setFrame(container, QRectF(0, viewBounds.height(), viewBounds.width(), sheetHeight));
     setAlpha(container, 0);
-    // Taps on the sheet are ignored until it has arrived.
-    container->setEnabled(false);
     picker->setParent(container);
     toolbar->setParent(container);
+    // Taps on the sheet are ignored until it has arrived.
+    setTakesTouches(container, false);
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), container);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, [this] { hideFontPicker(); });
@@ -162,7 +201,7 @@ void PomwickPreferencesViewController::showFontPicker() {
     slide(container, QRectF(0, viewBounds.height() - sheetHeight, viewBounds.width(), sheetHeight),
           1.0, [container, picker] {
               setAlpha(container, 1.0);
-              container->setEnabled(true);
+              setTakesTouches(container, true);
               // The keyboard follows the sheet: its first wheel, then Tab to the others and Done.
               QWidget* firstWheel = picker->wheel(0);
               (firstWheel ? firstWheel : static_cast<QWidget*>(picker))
@@ -179,7 +218,7 @@ void PomwickPreferencesViewController::hideFontPicker() {
     // The keyboard goes back to the list, not to whichever control follows the sheet's.
     if (container->isAncestorOf(container->window()->focusWidget()))
         mainTableView_->setFocus(Qt::OtherFocusReason);
-    container->setEnabled(false);
+    setTakesTouches(container, false);
     slide(container, QRectF(0, viewBounds.height(), sheet.width(), sheet.height()), 0.0,
           [container, dimming = QPointer<QWidget>(dimmingView_)] {
               container->deleteLater();

@@ -20,8 +20,13 @@ protected:
         screen->view()->show();
     }
     QWidget* sheet() const { return screen->fontContainerView(); }
+    // Whether a tap in the middle of the sheet reaches its wheels.
+    bool takesTouches() const {
+        QWidget* hit = sheet()->childAt(sheet()->rect().center());
+        return hit != nullptr && hit->objectName() != "slideCover";
+    }
     bool arrived() const {
-        return QTest::qWaitFor([&] { return sheet() && sheet()->isEnabled(); }, 3000);
+        return QTest::qWaitFor([&] { return sheet() && takesTouches(); }, 3000);
     }
     bool gone(QPointer<QWidget> container, QPointer<QWidget> dimming) const {
         return QTest::qWaitFor([&] { return !container && !dimming; }, 3000);
@@ -41,7 +46,7 @@ TEST_F(FontSheet, SlidesUpBelowItsBarOverAClearTapCatcherWithTheStoredValuesChos
     screen->showFontPicker();
     ASSERT_NE(sheet(), nullptr);
     EXPECT_EQ(frame(sheet()), QRectF(0, 623, 375, 260));
-    EXPECT_FALSE(sheet()->isEnabled());
+    EXPECT_FALSE(takesTouches());
     EXPECT_EQ(frame(screen->doneToolbar()), QRectF(-1, 0, 377, 44));
     EXPECT_EQ(frame(screen->fontPicker()), QRectF(0, 44, 375, 216));
     EXPECT_EQ(frame(screen->dimmingView()), QRectF(0, 0, 375, 363));
