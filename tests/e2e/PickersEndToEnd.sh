@@ -73,8 +73,12 @@ for _ in $(seq 200); do [ "$(grep -c '^changed ' "$work/out")" = 2 ] && break; s
 
 [ -s "$screenshot" ] || fail "no screenshot"
 # The tapped swatch (its top-left corner at 80.7, 308) wears a white border 5 points wide.
-border=$(convert "$screenshot" -format "%[pixel:p{84,330}]" info:)
-inside=$(convert "$screenshot" -format '%[pixel:p{100,330}]' info:)
-[ "$border" = "white" ] || [ "$border" = "srgb(255,255,255)" ] || fail "the swatch's border is $border"
+pixel() {
+    convert "$screenshot" -crop "1x1+$1+$2" \
+        -format '%[fx:int(255*r+.5)],%[fx:int(255*g+.5)],%[fx:int(255*b+.5)]' info:
+}
+border=$(pixel 84 330)
+inside=$(pixel 100 330)
+[ "$border" = "255,255,255" ] || fail "the swatch's border is $border"
 [ "$inside" != "$border" ] || fail "the swatch is white inside its border"
 echo "pickers end to end: 1 passed, 0 failed"
