@@ -13,6 +13,7 @@ inline constexpr const char* badgeBackground = "badgeBackground.png";
 inline constexpr const char* iconSize = "iconSize.txt";
 inline constexpr const char* stockBadge = "Badge.png";
 inline constexpr const char* sampleIcon = "Cydia_Icon.png";
+inline constexpr const char* palette = "colors_crayola.plist";
 } // namespace PreviewFile
 
 // Host paths of a file in the device's /tmp/ and in the settings bundle's folder.

@@ -1,6 +1,10 @@
 #pragma once
 
 #include "FeedbackMailComposer.h"
+#include "BadgePositionViewController.h"
+#include "Colour.h"
+#include "DQFontPicker.h"
+#include "LJColorPickerView.h"
 #include "TableView.h"
 #include "TextField.h"
 #include "ViewController.h"
@@ -9,6 +13,8 @@
 #include <QLabel>
 #include <QPointer>
 #include <QString>
+#include <optional>
+#include <vector>
 
 namespace pomwick {
 
@@ -22,7 +28,9 @@ class SegmentedControl;
 class PomwickPreferencesViewController : public ViewController,
                                          public TableViewDataSource,
                                          public TextFieldDelegate,
-                                         public MailComposeDelegate {
+                                         public MailComposeDelegate,
+                                         public LJColorPickerViewDelegate,
+                                         public BadgePositionSender {
     Q_OBJECT
     Q_INTERFACES(pomwick::MailComposeDelegate)
 public:
@@ -36,9 +44,10 @@ public:
     void didRotateFromInterfaceOrientation(int fromOrientation) override;
     void respring();
     TableView* table() const { return mainTableView_; }
-    float iconSize() const { return iconSize_; }
+    float iconSize() const override { return iconSize_; }
     void setIconSize(float iconSize) { iconSize_ = iconSize; }
-    QImage finalBadgeImage() const { return finalBadgeImage_; }
+    QImage finalBadgeImage() const override { return finalBadgeImage_; }
+    QRectF viewBounds() override;
     void setFinalBadgeImage(const QImage& image) { finalBadgeImage_ = image; }
     QWidget* tableHeaderView() const { return tableHeaderView_; }
     QLabel* iconImageView() const { return iconImageView_; }
@@ -67,6 +76,15 @@ public:
                                        const QString& replacement) override;
     bool textFieldShouldReturn(TextField* field) override;
 
+    // What selecting a row does.
+    void showFontPicker();
+    void hideFontPicker();
+    DQFontPicker* fontPicker() const { return fontPicker_; }
+    QWidget* doneToolbar() const { return doneToolbar_; }
+    QWidget* fontContainerView() const { return fontContainerView_; }
+    QWidget* dimmingView() const { return dimmingView_; }
+    void didSelectColor(LJColorPickerView* picker, const Colour& color) override;
+
     // The preview link.
     void handleSimpleMessageNamed(const QString& name);
     void updateUI();
@@ -79,6 +97,9 @@ public:
 
 private:
     void registerPreviewMessages();
+    void restoreDefaults();
+    void pushColourGrid(int gridTag);
+    void pushPositionEditor();
     TableViewCell* makeCell(const QString& reuseIdentifier, const QString& text,
                             const char* iconFile) const;
     TableViewCell* enabledCell();
@@ -98,6 +119,13 @@ private:
     QPointer<TableViewCell> alphaCell_;
     float iconSize_ = 0;
     QImage finalBadgeImage_;
+    // The font sheet, while it is up.
+    QPointer<DQFontPicker> fontPicker_;
+    QPointer<QWidget> doneToolbar_;
+    QPointer<QWidget> fontContainerView_;
+    QPointer<QWidget> dimmingView_;
+    // Loaded on the first grid and kept, an empty palette included.
+    std::optional<std::vector<Colour>> masterColorsArray_;
 };
 
 } // namespace pomwick

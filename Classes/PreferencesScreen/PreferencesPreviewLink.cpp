@@ -71,6 +71,17 @@ void PomwickPreferencesViewController::updateUI() {
                                             header.height() / 2 + frame(infoLabel_).height() * 0.5 -
                                                 icon.height() / 2),
                                     icon.size()));
+    if (fontContainerView_) {
+        const qreal sheetHeight = frame(fontContainerView_).height();
+        setFrame(fontContainerView_,
+                 QRectF(0, viewBounds.height() - sheetHeight, viewBounds.width(), sheetHeight));
+        setFrame(fontPicker_, QRectF(0, 44, viewBounds.width(), frame(fontPicker_).height()));
+        setFrame(doneToolbar_, QRectF(0, 0, viewBounds.width(), 44));
+        // The tap catcher follows too, so that no part of the table is left uncovered.
+        if (dimmingView_)
+            setFrame(dimmingView_,
+                     QRectF(0, 0, viewBounds.width(), viewBounds.height() - sheetHeight));
+    }
     reloadTableData();
 }
 

@@ -254,10 +254,4 @@ TableViewCell* PomwickPreferencesViewController::sliderCell(
     return cell;
 }
 
-void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table, IndexPath path) {
-    if (path.section == 3 && path.row == 0)
-        contactByMail();
-    table->deselectRowAtIndexPath(path, true);
-}
-
 } // namespace pomwick

@@ -175,6 +175,33 @@ std::optional<StoredValue> PlistDictionary::lookup(std::string_view key) const {
     return value;
 }
 
+std::vector<std::string> PlistDictionary::stringsInFirstArray(std::string_view field) const {
+    std::vector<std::string> found;
+    plist_dict_iter iterator = nullptr;
+    plist_dict_new_iter(node(root_), &iterator);
+    char* key = nullptr;
+    plist_t first = nullptr;
+    plist_dict_next_item(node(root_), iterator, &key, &first);
+    std::free(key);
+    std::free(iterator);
+    if (first == nullptr || plist_get_node_type(first) != PLIST_ARRAY)
+        return found;
+    const uint32_t count = plist_array_get_size(first);
+    for (uint32_t i = 0; i < count; ++i) {
+        const plist_t entry = plist_array_get_item(first, i);
+        if (plist_get_node_type(entry) != PLIST_DICT)
+            continue;
+        const plist_t value = plist_dict_get_item(entry, std::string(field).c_str());
+        if (value == nullptr || plist_get_node_type(value) != PLIST_STRING)
+            continue;
+        char* text = nullptr;
+        plist_get_string_val(value, &text);
+        found.emplace_back(text != nullptr ? text : "");
+        std::free(text);
+    }
+    return found;
+}
+
 void PlistDictionary::setString(std::string_view key, std::string_view value) {
     plist_dict_set_item(node(root_), std::string(key).c_str(),
                         plist_new_string(std::string(value).c_str()));

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pomwick {
 
@@ -38,6 +39,12 @@ public:
     static std::optional<PlistDictionary> fromBytes(std::string_view bytes);
 
     std::optional<StoredValue> lookup(std::string_view key) const;
+    // The first value of the root (in the order the file lists its keys) as an array of
+    // dictionaries: the string each entry holds under `field`, in the array's order. Entries that
+    // are not dictionaries or hold no string there are left out; a first value that is no array
+    // gives an empty list.
+    std::vector<std::string> stringsInFirstArray(std::string_view field) const;
+
     void setString(std::string_view key, std::string_view value);
     // Whether the key was there.
     bool remove(std::string_view key);

@@ -43,6 +43,9 @@ trap 'cleanup; kill "$DBUS_SESSION_BUS_PID" 2>/dev/null || true' EXIT
 
 "$build/Renderer/pomwick-renderer" --root "$root" 2>"$work/renderer.log" &
 renderer=$!
+# The page sizes its header from the icon size the renderer reports: wait for it, or every row
+# sits 180 points higher than the clicks below expect.
+for _ in $(seq 200); do [ -s "$root/tmp/iconSize.txt" ] && break; sleep 0.05; done
 "$build/Host/pomwick-settings" --root "$root" 2>"$work/host.log" &
 host=$!
 window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1)

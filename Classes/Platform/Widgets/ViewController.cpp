@@ -19,6 +19,12 @@ QWidget* ViewController::view() {
     return view_;
 }
 
+void ViewController::setView(QWidget* view) {
+    if (view_ != view)
+        delete view_;
+    view_ = view;
+}
+
 NavigationController* ViewController::navigationController() const {
     return navigation_;
 }

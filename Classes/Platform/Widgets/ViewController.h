@@ -26,6 +26,9 @@ public:
     ~ViewController() override;
 
     QWidget* view();
+    // Makes the widget this controller's view, as a screen that is one ready-made widget does;
+    // the controller owns it from now on.
+    void setView(QWidget* view);
     // The size the view is made with; the navigation stack sets it to the room it has.
     void setInitialViewSize(QSize size) { initialViewSize_ = size; }
 

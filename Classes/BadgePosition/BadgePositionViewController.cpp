@@ -1,0 +1,223 @@
+#include "BadgePositionViewController.h"
+
+#include "Appearance.h"
+#include "MessageNames.h"
+#include "MessagingCenter.h"
+#include "PreviewFiles.h"
+#include "Settings.h"
+#include "TextScanning.h"
+#include "ViewGeometry.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <cmath>
+
+namespace pomwick {
+namespace {
+
+qreal truncated(qreal value) {
+    return std::trunc(value);
+}
+
+// The square's top and the hint's offset use a 32-bit 0.1, widened: a tenth of the *width*, also
+// in landscape, so the hint sits where it always did.
+qreal hintTop(qreal viewWidth) {
+    return truncated(viewWidth * double(0.1f));
+}
+
+QRectF squareFrame(QSizeF view, float iconSize) {
+    const qreal side = 3.0 * double(iconSize);
+    return {truncated((view.width() - side) * 0.5), truncated((view.height() - side) * 0.5), side,
+            side};
+}
+
+// Edges touching count as inside, and so does a badge with no size.
+bool containsWhole(const QRectF& outer, const QRectF& inner) {
+    return inner.left() >= outer.left() && inner.top() >= outer.top() &&
+           inner.right() <= outer.right() && inner.bottom() <= outer.bottom();
+}
+
+// The white rounded square with its thin black rim.
+class RoundedSquare : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Qt::black, 1.0));
+        painter.setBrush(Qt::white);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 10, 10);
+    }
+};
+
+QLabel* imageView(QWidget* parent, const QImage& image, const QString& accessibleName) {
+    auto* view = new QLabel(parent);
+    view->setScaledContents(true);
+    view->setAttribute(Qt::WA_TransparentForMouseEvents);
+    view->setAccessibleName(accessibleName);
+    if (!image.isNull())
+        view->setPixmap(QPixmap::fromImage(image));
+    return view;
+}
+
+} // namespace
+
+BadgePositionViewController::BadgePositionViewController() = default;
+
+BadgePositionViewController::~BadgePositionViewController() = default;
+
+void BadgePositionViewController::viewDidLoad() {
+    setTitle("Set Position");
+    QWidget* root = view();
+    setBackgroundColour(root, QColor::fromRgbF(0.95, 0.95, 0.95));
+    const QSizeF size = sender_ ? sender_->viewBounds().size() : bounds(root).size();
+    setFrame(root, QRectF(frame(root).topLeft(), size));
+    root->setFocusPolicy(Qt::StrongFocus);
+    root->setAccessibleName("Set Position");
+    root->setAccessibleDescription("Drag the badge, or move it with the arrow keys.");
+    root->installEventFilter(this);
+
+    const float iconSize = sender_ ? sender_->iconSize() : 0;
+    innerView_ = new RoundedSquare(root);
+    innerView_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    innerView_->setAccessibleName("Icon area");
+    setFrame(innerView_, squareFrame(size, iconSize));
+
+    const qreal side = truncated(iconSize);
+    const QSizeF inner = bounds(innerView_).size();
+    iconImageView_ = imageView(innerView_, loadBundleImage(PreviewFile::sampleIcon), "Icon");
+    setFrame(iconImageView_, QRectF(truncated((inner.width() - side) * 0.5),
+                                    truncated((inner.height() - side) * 0.5), side, side));
+
+    const BadgeLocation location = getBadgeLocation();
+    const QRectF icon = frame(iconImageView_);
+    const QImage badge = sender_ ? sender_->finalBadgeImage() : QImage();
+    badgeImageView_ = imageView(innerView_, badge, "Badge");
+    setFrame(badgeImageView_,
+             QRectF(float(icon.x() + location.x * icon.width()),
+                    float(icon.y() + location.y * icon.height()),
+                    badge.deviceIndependentSize().width(), badge.deviceIndependentSize().height()));
+
+    // The blank before the line break is part of the hint as it always read.
+    infoTextView_ = new QLabel("Drag the badge bubble \nto your desired location.", root);
+    infoTextView_->setFont(Appearance::systemFont(16));
+    infoTextView_->setAlignment(Qt::AlignCenter);
+    infoTextView_->setMargin(8);
+    infoTextView_->setFrameStyle(QFrame::Box | QFrame::Plain);
+    infoTextView_->setLineWidth(1);
+    infoTextView_->setAutoFillBackground(true);
+    QPalette hint = infoTextView_->palette();
+    hint.setColor(QPalette::Window, Qt::white);
+    hint.setColor(QPalette::WindowText, Qt::black);
+    infoTextView_->setPalette(hint);
+    infoTextView_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    layOutForViewSize(size);
+}
+
+void BadgePositionViewController::layOutForViewSize(QSizeF size) {
+    setFrame(innerView_, squareFrame(size, sender_ ? sender_->iconSize() : 0));
+    // The hint reaches one point past both edges, so of its rim only the top and bottom show.
+    const qreal height = infoTextView_->sizeHint().height();
+    setFrame(infoTextView_, QRectF(-1, hintTop(size.width()), size.width() + 2, height));
+}
+
+void BadgePositionViewController::viewWillDisappear(bool) {
+    MessagingCenter::centerNamed(CenterName::preferences).sendMessageName(MessageName::reloadData);
+}
+
+void BadgePositionViewController::didRotateFromInterfaceOrientation(int) {
+    layOutForViewSize(bounds(view()).size());
+}
+
+void BadgePositionViewController::touchesBegan(QPointF point) {
+    lastPoint_ = point;
+    if (frame(badgeImageView_).contains(point))
+        touchingInsideBadge_ = true;
+}
+
+void BadgePositionViewController::touchesMoved(QPointF point) {
+    if (touchingInsideBadge_)
+        moveBadgeIfInside(
+            QPointF(float(point.x() - lastPoint_.x()), float(point.y() - lastPoint_.y())));
+    // Also when the badge stayed: a finger that comes back inside moves it by new motion only.
+    lastPoint_ = point;
+}
+
+void BadgePositionViewController::touchesEnded() {
+    touchingInsideBadge_ = false;
+    storeLocation();
+}
+
+void BadgePositionViewController::moveBadgeIfInside(QPointF offset) {
+    const QRectF candidate = frame(badgeImageView_).translated(offset);
+    if (containsWhole(bounds(innerView_), candidate))
+        setFrame(badgeImageView_, candidate);
+}
+
+void BadgePositionViewController::storeLocation() const {
+    const QRectF icon = frame(iconImageView_);
+    // Without an icon size there is no fraction to store: the stored place is kept.
+    if (icon.width() <= 0 || icon.height() <= 0)
+        return;
+    const QRectF badge = frame(badgeImageView_);
+    const float dx = float(badge.x() - icon.x());
+    const float dy = float(badge.y() - icon.y());
+    setPreferencesObjectKey(formatFloat(dx / icon.width()) + "," + formatFloat(dy / icon.height()),
+                            SettingsKey::badgeLocation);
+}
+
+bool BadgePositionViewController::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != view())
+        return false;
+    const auto inSquare = [this](QEvent* e) {
+        return innerView_->mapFrom(view(), static_cast<QMouseEvent*>(e)->position());
+    };
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        view()->setFocus(Qt::MouseFocusReason);
+        touchesBegan(inSquare(event));
+        return true;
+    case QEvent::MouseMove:
+        if (static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton)
+            touchesMoved(inSquare(event));
+        return true;
+    case QEvent::MouseButtonRelease:
+        touchesEnded();
+        return true;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease: {
+        auto* key = static_cast<QKeyEvent*>(event);
+        QPointF step;
+        switch (key->key()) {
+        case Qt::Key_Left:
+            step = {-1, 0};
+            break;
+        case Qt::Key_Right:
+            step = {1, 0};
+            break;
+        case Qt::Key_Up:
+            step = {0, -1};
+            break;
+        case Qt::Key_Down:
+            step = {0, 1};
+            break;
+        default:
+            return false;
+        }
+        // A held key nudges on every repeat and stores once, when it is let go.
+        if (event->type() == QEvent::KeyPress)
+            moveBadgeIfInside(step);
+        else if (!key->isAutoRepeat())
+            storeLocation();
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+} // namespace pomwick

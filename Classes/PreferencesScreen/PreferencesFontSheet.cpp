@@ -1,0 +1,231 @@
+// The font sheet: the font picker under a Done bar, sliding up from the bottom edge over a clear
+// tap catcher that closes it, as Done and Escape do.
+#include "Appearance.h"
+#include "ColourText.h"
+#include "PickerWheel.h"
+#include "PomwickPreferencesViewController.h"
+#include "Settings.h"
+#include "TextScanning.h"
+#include "ViewGeometry.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QGraphicsOpacityEffect>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QParallelAnimationGroup>
+#include <QPropertyAnimation>
+#include <QPushButton>
+#include <QShortcut>
+
+namespace pomwick {
+namespace {
+
+constexpr qreal toolbarHeight = 44;
+constexpr int slideMilliseconds = 500;
+
+// The bar over the wheels: light grey, with a dark grey rim.
+class SheetToolbar : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), QColor(247, 247, 248));
+        painter.setPen(QPen(QColor::fromRgbF(1.0 / 3, 1.0 / 3, 1.0 / 3), 1.0));
+        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+};
+
+// A clear control over the rest of the screen: a tap anywhere on it is a touch up inside.
+class TapCatcher : public QAbstractButton {
+public:
+    explicit TapCatcher(QWidget* parent) : QAbstractButton(parent) {
+        setFocusPolicy(Qt::NoFocus);
+        setAccessibleName("Close font sheet");
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {}
+};
+
+// While the sheet moves it takes no touches: a clear cover over it swallows them, so that the
+// wheels keep their look (a disabled sheet would draw grey until it arrived).
+class SlideCover : public QWidget {
+public:
+    explicit SlideCover(QWidget* sheet) : QWidget(sheet) {
+        setObjectName("slideCover");
+        setGeometry(0, 0, 16384, 16384);
+        raise();
+        show();
+    }
+
+protected:
+    bool event(QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+            event->accept();
+            return true;
+        default:
+            return QWidget::event(event);
+        }
+    }
+};
+
+void setTakesTouches(QWidget* sheet, bool takes) {
+    auto* cover = sheet->findChild<SlideCover*>("slideCover", Qt::FindDirectChildrenOnly);
+    if (takes)
+        delete cover;
+    else if (cover == nullptr)
+        new SlideCover(sheet);
+}
+
+QPushButton* doneButton(QWidget* parent) {
+    auto* done = new QPushButton("Done", parent);
+    done->setFlat(true);
+    done->setCursor(Qt::PointingHandCursor);
+    done->setFocusPolicy(Qt::StrongFocus);
+    done->setFont(Appearance::systemFont(17, QFont::DemiBold));
+    done->setStyleSheet(
+        QString("QPushButton { color: %1; border: 1px solid transparent; "
+                "border-radius: 6px; padding: 4px 10px; background: transparent; } "
+                "QPushButton:focus { border-color: %1; } "
+                "QPushButton:pressed { color: %2; }")
+            .arg(Appearance::tint().name(), Appearance::tint().lighter(160).name()));
+    return done;
+}
+
+// The container fades through an opacity effect while it slides; alpha() keeps its resting value.
+QGraphicsOpacityEffect* opacityEffect(QWidget* view) {
+    auto* effect = qobject_cast<QGraphicsOpacityEffect*>(view->graphicsEffect());
+    if (effect == nullptr) {
+        effect = new QGraphicsOpacityEffect(view);
+        effect->setOpacity(alpha(view));
+        view->setGraphicsEffect(effect);
+    }
+    return effect;
+}
+
+// Slides the view to the frame while fading it to the opacity; runs `done` when it gets there,
+// not when a later slide of the same view takes over.
+void slide(QWidget* view, const QRectF& to, qreal opacity, std::function<void()> done) {
+    for (auto* running : view->findChildren<QParallelAnimationGroup*>(Qt::FindDirectChildrenOnly)) {
+        running->stop();
+        running->deleteLater();
+    }
+    auto* group = new QParallelAnimationGroup(view);
+    auto* move = new QPropertyAnimation(view, "geometry", group);
+    move->setDuration(slideMilliseconds);
+    move->setEndValue(to.toRect());
+    move->setEasingCurve(QEasingCurve::InOutQuad);
+    auto* fade = new QPropertyAnimation(opacityEffect(view), "opacity", group);
+    fade->setDuration(slideMilliseconds);
+    fade->setEndValue(opacity);
+    QObject::connect(group, &QAbstractAnimation::finished, view, std::move(done));
+    group->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+} // namespace
+
+void PomwickPreferencesViewController::showFontPicker() {
+    QWidget* root = view();
+    const QRectF viewBounds = bounds(root);
+    if (badgeTextTextField_)
+        badgeTextTextField_->resignFirstResponder();
+    // A sheet still up (opened twice, or still sliding) gives way to the new one at once.
+    delete fontContainerView_;
+    delete dimmingView_;
+
+    auto* picker = new DQFontPicker;
+    fontPicker_ = picker;
+    const qreal pickerHeight = frame(picker).height();
+    setFrame(picker, QRectF(0, toolbarHeight, frame(root).width(), pickerHeight));
+    const auto font = getBadgeFont();
+    picker->selectFontName(font ? QString::fromStdString(font->name) : QString(), false);
+    picker->selectFontSize(getBadgeFontSize(), false);
+    picker->selectColor(getBadgeFontColor(), false);
+    // Every turn of a wheel is stored at once; the preview follows when the sheet closes.
+    picker->setChangeHandler([weak = QPointer<DQFontPicker>(picker)] {
+        if (!weak)
+            return;
+        if (const auto chosen = weak->font()) {
+            setPreferencesObjectKey(chosen->name, SettingsKey::badgeFont);
+            setPreferencesObjectKey(formatInt(int32_t(chosen->size)), SettingsKey::badgeFontSize);
+        }
+        if (const auto colour = weak->color())
+            setPreferencesObjectKey(storedColourText(*colour), SettingsKey::badgeFontColor);
+    });
+
+    auto* toolbar = new SheetToolbar;
+    setFrame(toolbar, QRectF(0, 0, viewBounds.width(), toolbarHeight));
+    auto* bar = new QHBoxLayout(toolbar);
+    bar->setContentsMargins(8, 0, 8, 0);
+    bar->addStretch(1);
+    QPushButton* done = doneButton(toolbar);
+    bar->addWidget(done);
+    connect(done, &QPushButton::clicked, this, [this] { hideFontPicker(); });
+    // One point past each side, so that only the rim's top and bottom lines show.
+    setFrame(toolbar, QRectF(-1, 0, viewBounds.width() + 2, toolbarHeight));
+    doneToolbar_ = toolbar;
+
+    const qreal sheetHeight = pickerHeight + toolbarHeight;
+    auto* dimming = new TapCatcher(root);
+    setFrame(dimming, QRectF(0, 0, viewBounds.width(), viewBounds.height() - sheetHeight));
+    connect(dimming, &QAbstractButton::clicked, this, [this] { hideFontPicker(); });
+    dimming->show();
+    dimmingView_ = dimming;
+
+    auto* container = new QWidget(root);
+    container->setAccessibleName("Font");
+    setBackgroundColour(container, Qt::white);
+    setFrame(container, QRectF(0, viewBounds.height(), viewBounds.width(), sheetHeight));
+    setAlpha(container, 0);
+    picker->setParent(container);
+    toolbar->setParent(container);
+    // Taps on the sheet are ignored until it has arrived.
+    setTakesTouches(container, false);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), container);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, [this] { hideFontPicker(); });
+    container->show();
+    fontContainerView_ = container;
+
+    slide(container, QRectF(0, viewBounds.height() - sheetHeight, viewBounds.width(), sheetHeight),
+          1.0, [container, picker] {
+              setAlpha(container, 1.0);
+              setTakesTouches(container, true);
+              // The keyboard follows the sheet: its first wheel, then Tab to the others and Done.
+              QWidget* firstWheel = picker->wheel(0);
+              (firstWheel ? firstWheel : static_cast<QWidget*>(picker))
+                  ->setFocus(Qt::OtherFocusReason);
+          });
+}
+
+void PomwickPreferencesViewController::hideFontPicker() {
+    QWidget* container = fontContainerView_;
+    if (container == nullptr)
+        return;
+    const QRectF viewBounds = bounds(view());
+    const QRectF sheet = frame(container);
+    // The keyboard goes back to the list, not to whichever control follows the sheet's.
+    if (container->isAncestorOf(container->window()->focusWidget()))
+        mainTableView_->setFocus(Qt::OtherFocusReason);
+    setTakesTouches(container, false);
+    slide(container, QRectF(0, viewBounds.height(), sheet.width(), sheet.height()), 0.0,
+          [container, dimming = QPointer<QWidget>(dimmingView_)] {
+              container->deleteLater();
+              if (dimming)
+                  dimming->deleteLater();
+          });
+    reloadTableData();
+}
+
+} // namespace pomwick

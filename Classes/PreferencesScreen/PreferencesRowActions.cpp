@@ -1,0 +1,98 @@
+// What selecting a row does: open an editor, restore the defaults or open an outside page.
+#include "ColorPickerController.h"
+#include "ColourPalette.h"
+#include "ColourText.h"
+#include "NavigationController.h"
+#include "OutsideLinks.h"
+#include "PomwickPreferencesViewController.h"
+#include "Settings.h"
+#include "ViewGeometry.h"
+
+#include <QDesktopServices>
+
+namespace pomwick {
+namespace {
+
+constexpr int backgroundGridTag = 0;
+constexpr int borderGridTag = 1;
+
+} // namespace
+
+void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table, IndexPath path) {
+    if (path == IndexPath{1, 2})
+        showFontPicker();
+    else if (path == IndexPath{1, 3})
+        pushColourGrid(backgroundGridTag);
+    else if (path == IndexPath{1, 4})
+        pushPositionEditor();
+    else if (path == IndexPath{1, 5})
+        pushColourGrid(borderGridTag);
+    else if (path == IndexPath{2, 0})
+        restoreDefaults();
+    else if (path == IndexPath{3, 0})
+        contactByMail();
+    else if (path == IndexPath{3, 1})
+        QDesktopServices::openUrl(OutsideLink::makerProfile);
+    else if (path == IndexPath{3, 2})
+        QDesktopServices::openUrl(OutsideLink::otherPackages);
+    else if (path == IndexPath{3, 3})
+        QDesktopServices::openUrl(OutsideLink::donation);
+    table->deselectRowAtIndexPath(path, true);
+}
+
+void PomwickPreferencesViewController::restoreDefaults() {
+    // With the file gone every setting reads its default; a file that cannot go stays as it is.
+    removePreferencesFile();
+    mainTableView_->reloadData();
+}
+
+void PomwickPreferencesViewController::pushColourGrid(int gridTag) {
+    if (navigationController() == nullptr)
+        return;
+    if (!masterColorsArray_)
+        masterColorsArray_ = loadColourPalette();
+    auto* grid = new LJColorPickerView;
+    setFrame(grid, frame(view()));
+    grid->setDelegate(this);
+    setTag(grid, gridTag);
+    grid->setColorsPerRow(5);
+    grid->setColorCellPadding(2.0);
+    grid->setHighlightSelection(true);
+    grid->setSelectionBorderColor(Colour::white());
+    grid->setColors(*masterColorsArray_);
+    setBackgroundColour(grid, Qt::white);
+    grid->setAccessibleName(gridTag == backgroundGridTag ? "Background colours" : "Border colours");
+
+    auto* controller = new ColorPickerController;
+    controller->setView(grid);
+    controller->setTitle("Select Color");
+    navigationController()->pushViewController(controller, true);
+}
+
+void PomwickPreferencesViewController::didSelectColor(LJColorPickerView* picker,
+                                                      const Colour& color) {
+    switch (tag(picker)) {
+    case backgroundGridTag:
+        setPreferencesObjectKey(storedColourText(color), SettingsKey::badgeBackgroundColor);
+        break;
+    case borderGridTag:
+        setPreferencesObjectKey(storedColourText(color), SettingsKey::badgeBorderColor);
+        break;
+    default:
+        break;
+    }
+}
+
+void PomwickPreferencesViewController::pushPositionEditor() {
+    if (navigationController() == nullptr)
+        return;
+    auto* editor = new BadgePositionViewController;
+    editor->setSender(this);
+    navigationController()->pushViewController(editor, true);
+}
+
+QRectF PomwickPreferencesViewController::viewBounds() {
+    return bounds(view());
+}
+
+} // namespace pomwick

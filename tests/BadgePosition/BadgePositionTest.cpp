@@ -1,0 +1,152 @@
+#include "BadgePositionViewController.h"
+#include "BundleInstallation.h"
+#include "DevicePaths.h"
+#include "PlistDictionary.h"
+#include "Settings.h"
+#include "TemporaryDeviceRoot.h"
+#include "ViewGeometry.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace pomwick;
+
+namespace {
+
+// The page that pushes the editor, as far as the editor sees it.
+struct FakeSender : BadgePositionSender {
+    QSizeF size{320, 480};
+    float icon = 60;
+    QImage badge;
+    QRectF viewBounds() override { return {QPointF(0, 0), size}; }
+    float iconSize() const override { return icon; }
+    QImage finalBadgeImage() const override { return badge; }
+};
+
+QImage badgeImage(QSize size) {
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::red);
+    return image;
+}
+
+class BadgePosition : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_FALSE(installBundleIntoDeviceRoot());
+        sender.badge = badgeImage({30, 24});
+    }
+
+    BadgePositionViewController& open() {
+        editor = std::make_unique<BadgePositionViewController>();
+        editor->setSender(&sender);
+        editor->view()->show();
+        return *editor;
+    }
+    // A press, moves and a release on the page, given in the square's coordinates.
+    void drag(std::initializer_list<QPointF> points) {
+        QWidget* page = editor->view();
+        const auto onPage = [&](QPointF p) {
+            return editor->innerView()->mapTo(page, p.toPoint());
+        };
+        auto point = points.begin();
+        QTest::mousePress(page, Qt::LeftButton, {}, onPage(*point));
+        for (++point; point != points.end(); ++point)
+            QTest::mouseMove(page, onPage(*point));
+        QTest::mouseRelease(page, Qt::LeftButton, {}, onPage(*(points.end() - 1)));
+    }
+    std::string storedLocation() const {
+        const auto file = PlistDictionary::readFromFile(hostPath(DevicePath::preferencesFile));
+        const auto value = file ? file->lookup("BADGE_LOCATION") : std::nullopt;
+        return value ? value->text : "(none)";
+    }
+    QRectF badge() const { return frame(editor->badgeImageView()); }
+
+    test::TemporaryDeviceRoot root;
+    FakeSender sender;
+    std::unique_ptr<BadgePositionViewController> editor;
+};
+
+} // namespace
+
+TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintAtATenthOfTheWidth) {
+    sender.icon = 60.5f;
+    setPreferencesObjectKey("0.5,-0.25", "BADGE_LOCATION");
+    open();
+    EXPECT_EQ(editor->title(), "Set Position");
+    EXPECT_EQ(frame(editor->innerView()), QRectF(69, 149, 181.5, 181.5));
+    EXPECT_EQ(frame(editor->iconImageView()), QRectF(60, 60, 60, 60));
+    EXPECT_EQ(badge(), QRectF(90, 45, 30, 24));
+    EXPECT_FALSE(editor->iconImageView()->pixmap().isNull());
+    const QRectF hint = frame(editor->infoTextView());
+    EXPECT_EQ(hint.top(), 32);
+    EXPECT_EQ(hint.left(), -1);
+    EXPECT_EQ(hint.width(), 322);
+    EXPECT_EQ(editor->infoTextView()->text(), "Drag the badge bubble \nto your desired location.");
+
+    // A landscape window: the square is centred again, the hint still at a tenth of the width.
+    setFrame(editor->view(), QRectF(0, 0, 480, 320));
+    editor->didRotateFromInterfaceOrientation(1);
+    EXPECT_EQ(frame(editor->innerView()).topLeft(), QPointF(149, 69));
+    EXPECT_EQ(frame(editor->infoTextView()).top(), 48);
+    EXPECT_EQ(badge(), QRectF(90, 45, 30, 24));
+}
+
+TEST_F(BadgePosition, DragLeftOfTheIconStoresNegativeFractionsRestoredExactlyOnTheNextOpen) {
+    open();
+    ASSERT_EQ(badge(), QRectF(60, 60, 30, 24));
+    drag({{70, 70}, {60, 75}, {40, 80}, {25, 80}});
+    EXPECT_EQ(badge(), QRectF(15, 70, 30, 24));
+    EXPECT_EQ(storedLocation(), "-0.750000,0.166667");
+
+    // Six decimals stored give back the place the badge was left at.
+    const QRect placed = editor->badgeImageView()->geometry();
+    open();
+    EXPECT_EQ(editor->badgeImageView()->geometry(), placed);
+}
+
+TEST_F(BadgePosition, ADragThatWouldLeaveTheSquareLeavesTheBadgeAndComingBackMovesByNewMotionOnly) {
+    open();
+    // 100 points to the right would carry the badge's right edge past 180: no move at all.
+    drag({{70, 70}, {170, 70}, {160, 70}, {150, 80}});
+    EXPECT_EQ(badge(), QRectF(40, 70, 30, 24));
+    // Edges may touch: the badge goes right up to the square's edge.
+    drag({{50, 80}, {10, 66}});
+    EXPECT_EQ(badge(), QRectF(0, 56, 30, 24));
+}
+
+TEST_F(BadgePosition, ATouchBesideTheBadgeMovesNothingButStillStoresThePlace) {
+    setPreferencesObjectKey("0.1,0.2", "BADGE_LOCATION");
+    open();
+    const QRectF before = badge();
+    drag({{170, 170}, {100, 100}});
+    EXPECT_EQ(badge(), before);
+    EXPECT_EQ(storedLocation(), "0.100000,0.200000");
+}
+
+TEST_F(BadgePosition, ArrowKeysNudgeOnePointAndStoreWhenLetGo) {
+    open();
+    QWidget* page = editor->view();
+    QTest::keyPress(page, Qt::Key_Left);
+    QTest::keyPress(page, Qt::Key_Left);
+    QTest::keyPress(page, Qt::Key_Up);
+    EXPECT_EQ(storedLocation(), "(none)");
+    QTest::keyRelease(page, Qt::Key_Up);
+    EXPECT_EQ(badge(), QRectF(58, 59, 30, 24));
+    EXPECT_EQ(storedLocation(), "-0.033333,-0.016667");
+    EXPECT_EQ(page->focusPolicy(), Qt::StrongFocus);
+    EXPECT_FALSE(page->accessibleName().isEmpty());
+}
+
+TEST_F(BadgePosition, NoIconSizeOrNoBadgeImageGivesAnEmptyEditorThatKeepsTheStoredPlace) {
+    setPreferencesObjectKey("0.3,0.4", "BADGE_LOCATION");
+    for (const auto& [icon, image] : {std::pair{0.0f, badgeImage({30, 24})}, {60.0f, QImage()}}) {
+        sender.icon = icon;
+        sender.badge = image;
+        open();
+        drag({{1, 1}, {5, 5}});
+        EXPECT_EQ(storedLocation(), icon == 0 ? "0.3,0.4" : "0.300000,0.400000") << icon;
+        setFrame(editor->view(), QRectF(0, 0, 200, 100));
+        editor->didRotateFromInterfaceOrientation(1);
+    }
+}

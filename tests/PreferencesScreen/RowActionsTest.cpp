@@ -1,0 +1,166 @@
+#include "BadgePositionViewController.h"
+#include "ColorPickerController.h"
+#include "ColourPalette.h"
+#include "ColourText.h"
+#include "DevicePaths.h"
+#include "NavigationController.h"
+#include "ScreenFixture.h"
+#include "Settings.h"
+#include "ViewGeometry.h"
+
+#include <QAbstractButton>
+#include <QTest>
+#include <filesystem>
+
+using namespace pomwick;
+
+namespace {
+
+const std::string paletteFile = std::string(DevicePath::bundleDirectory) + "colors_crayola.plist";
+
+std::string paletteOf(const std::string& entries) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist "
+           "version=\"1.0\"><dict><key>colors</key>"
+           "<array>" +
+           entries + "</array></dict></plist>";
+}
+
+std::string entry(const std::string& hex) {
+    return "<dict><key>name</key><string>x</string><key>hash</key><string>" + hex +
+           "</string></dict>";
+}
+
+// The settings page at the root of a navigation stack, as the host shows it.
+class RowActions : public test::ScreenFixture {
+protected:
+    void host() {
+        screen = std::make_unique<PomwickPreferencesViewController>();
+        navigation = std::make_unique<NavigationController>(screen.get(), QSize(375, 667));
+        navigation->show();
+    }
+    void TearDown() override {
+        if (navigation) {
+            navigation.reset();
+            (void)screen.release(); // the stack owned it
+        }
+        ScreenFixture::TearDown();
+    }
+    void select(int section, int row) { screen->table()->selectRowAtIndexPath({section, row}); }
+    ViewController* top() const { return navigation->topViewController(); }
+    LJColorPickerView* grid() const { return qobject_cast<LJColorPickerView*>(top()->view()); }
+
+    std::unique_ptr<NavigationController> navigation;
+};
+
+} // namespace
+
+TEST(HexColour, EveryScannerRuleGivesTheColourOfItsLowTwentyFourBits) {
+    const Colour orange{1.0f, 128 / 255.0f, 0.0f, 0.5f};
+    const Colour black{0, 0, 0, 0.5f};
+    const std::pair<const char*, Colour> cases[] = {
+        {"#FF8000", orange},    {"FF8000", orange},    {"0xFF8000", orange},
+        {"##ff8000zz", orange}, {"#80FF8000", orange}, {"zz", black},
+        {" #FF8000", black},    {"", black},           {"0xFFFFFFFFFF", {1, 1, 1, 0.5f}},
+    };
+    for (const auto& [hex, colour] : cases)
+        EXPECT_EQ(getUIColorFromHexString(hex, 0.5f), colour) << hex;
+    EXPECT_EQ(storedColourText(orange), "1.000000,0.501961,0.000000,0.500000");
+}
+
+TEST_F(RowActions, BadPaletteFilesGiveAnEmptyOrPartlyFilledPalette) {
+    const std::pair<std::string, size_t> cases[] = {
+        {"", 0},
+        {"not a property list", 0},
+        {"<plist version=\"1.0\"><array><dict><key>hash</key><string>#FF8000</string></dict>"
+         "</array></plist>",
+         0},
+        {paletteOf(""), 0},
+        {"<plist version=\"1.0\"><dict><key>colors</key><string>#FF8000</string></dict></plist>",
+         0},
+        {paletteOf(entry("#FF8000") + "<dict><key>name</key><string>no hash</string></dict>" +
+                   "<string>#00FF00</string>" + entry("zz") + entry(" #FF8000") +
+                   entry("#80FF8000") + entry("0xFFFFFFFFFF")),
+         5},
+    };
+    for (const auto& [bytes, count] : cases) {
+        root.writeFile(paletteFile, bytes);
+        EXPECT_EQ(loadColourPalette().size(), count) << bytes;
+    }
+    std::filesystem::remove(root.at(paletteFile));
+    EXPECT_TRUE(loadColourPalette().empty());
+}
+
+TEST_F(RowActions, EachRowOpensItsEditorAndEverySelectionEndsDeselected) {
+    host();
+    select(1, 3);
+    ASSERT_NE(dynamic_cast<ColorPickerController*>(top()), nullptr);
+    EXPECT_EQ(top()->title(), "Select Color");
+    ASSERT_NE(grid(), nullptr);
+    EXPECT_EQ(tag(grid()), 0);
+    EXPECT_EQ(grid()->colorsPerRow(), 5);
+    EXPECT_EQ(grid()->colorCellPadding(), 2.0);
+    EXPECT_TRUE(grid()->highlightSelection());
+    EXPECT_EQ(grid()->colorView()->numberOfItems(), 131);
+    navigation->popViewControllerAnimated(true);
+
+    select(1, 5);
+    ASSERT_NE(grid(), nullptr);
+    EXPECT_EQ(tag(grid()), 1);
+    navigation->popViewControllerAnimated(true);
+
+    select(1, 4);
+    auto* editor = dynamic_cast<BadgePositionViewController*>(top());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->sender(), static_cast<BadgePositionSender*>(screen.get()));
+    navigation->popViewControllerAnimated(true);
+
+    select(1, 2);
+    EXPECT_NE(screen->fontContainerView(), nullptr);
+
+    for (const IndexPath path : {IndexPath{0, 0}, IndexPath{1, 0}, IndexPath{1, 7}}) {
+        select(path.section, path.row);
+        EXPECT_EQ(navigation->viewControllers().size(), 1u);
+    }
+    EXPECT_FALSE(screen->table()->indexPathForSelectedRow());
+}
+
+TEST_F(RowActions, ATappedSwatchStoresItsColourUnderTheGridsKeyAndThePaletteIsReadOnce) {
+    root.writeFile(paletteFile, paletteOf(entry("#FF8000") + entry("#0000FF")));
+    host();
+    const auto tapFirstSwatch = [&] {
+        CollectionView* swatches = grid()->colorView();
+        QTest::mouseClick(swatches->viewport(), Qt::LeftButton, {},
+                          swatches->visualRect(swatches->model()->index(0, 0)).center());
+    };
+    select(1, 5);
+    tapFirstSwatch();
+    EXPECT_EQ(stored("BADGE_BORDER_COLOR"), "1.000000,0.501961,0.000000,1.000000");
+    EXPECT_EQ(stored("BADGE_BACKGROUND_COLOR"), "(missing)");
+    navigation->popViewControllerAnimated(true);
+
+    // Changing the file now changes nothing: the palette stays as first read.
+    root.writeFile(paletteFile, paletteOf(entry("#00FF00")));
+    select(1, 3);
+    EXPECT_EQ(grid()->colorView()->numberOfItems(), 2);
+    tapFirstSwatch();
+    EXPECT_EQ(stored("BADGE_BACKGROUND_COLOR"), "1.000000,0.501961,0.000000,1.000000");
+}
+
+TEST_F(RowActions, RestoreDefaultsRemovesTheFileAndShowsTheDefaultsAtOnce) {
+    setPreferencesObjectKey("0.5,0.25", SettingsKey::badgeLocation);
+    setPreferencesObjectKey("0.3", SettingsKey::badgeAlpha);
+    open();
+    EXPECT_EQ(text(1, 4), "Position: 50%, 25%");
+    screen->table()->selectRowAtIndexPath({2, 0});
+    EXPECT_FALSE(std::filesystem::exists(root.at(std::string(DevicePath::preferencesFile))));
+    EXPECT_EQ(text(1, 4), "Position: 0%, 0%");
+    EXPECT_EQ(text(1, 7), "Alpha: 100%");
+
+    // No file, and a settings path that cannot be removed: the table still reloads.
+    screen->table()->selectRowAtIndexPath({2, 0});
+    const auto settings = root.at(std::string(DevicePath::preferencesFile));
+    std::filesystem::create_directories(settings / "in-the-way");
+    screen->table()->selectRowAtIndexPath({2, 0});
+    EXPECT_TRUE(std::filesystem::exists(settings));
+    EXPECT_EQ(text(2, 0), "Restore Defaults");
+}
