@@ -1,9 +1,9 @@
 #pragma once
 
-#include "FeedbackMailComposer.h"
 #include "BadgePositionViewController.h"
 #include "Colour.h"
 #include "DQFontPicker.h"
+#include "FeedbackMailComposer.h"
 #include "LJColorPickerView.h"
 #include "TableView.h"
 #include "TextField.h"
