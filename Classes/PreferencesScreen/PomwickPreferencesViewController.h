@@ -71,6 +71,7 @@ public:
 
 private:
     void registerPreviewMessages();
+    void describePreview();
     TableViewCell* makeCell(const QString& reuseIdentifier, const QString& text,
                             const char* iconFile) const;
     TableViewCell* enabledCell();

@@ -2,32 +2,94 @@
 
 #include "Appearance.h"
 
+#include <QAbstractButton>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <utility>
 
 namespace pomwick {
+namespace {
 
-SegmentedControl::SegmentedControl(QStringList items, QWidget* parent)
-    : QWidget(parent), items_(std::move(items)), tint_(Appearance::segmentedControlTint()) {
+// One segment: the control paints all of them; a segment only carries the state, the focus and
+// the accessible name.
+class Segment : public QAbstractButton {
+public:
+    Segment(const QString& title, SegmentedControl* control) : QAbstractButton(control) {
+        setText(title);
+        setCheckable(true);
+        setFocusPolicy(Qt::TabFocus);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {}
+    // The control draws the focus ring.
+    void focusInEvent(QFocusEvent* event) override {
+        QAbstractButton::focusInEvent(event);
+        parentWidget()->update();
+    }
+    void focusOutEvent(QFocusEvent* event) override {
+        QAbstractButton::focusOutEvent(event);
+        parentWidget()->update();
+    }
+};
+
+} // namespace
+
+SegmentedControl::SegmentedControl(const QStringList& items, QWidget* parent)
+    : QWidget(parent), tint_(Appearance::segmentedControlTint()) {
     setCursor(Qt::PointingHandCursor);
+    group_.setExclusive(true);
+    for (int i = 0; i < items.size(); ++i)
+        group_.addButton(new Segment(items[i], this), i);
+    connect(&group_, &QButtonGroup::idToggled, this, [this](int, bool checked) {
+        if (checked) {
+            changed_ = true;
+            emit selectedSegmentIndexChanged(selectedSegmentIndex());
+        }
+        update();
+    });
+    // A click, a key or an assistive action on a segment; only a new choice is a change.
+    connect(&group_, &QButtonGroup::idClicked, this, [this] {
+        if (std::exchange(changed_, false))
+            emit valueChanged();
+    });
     resize(100, 29);
 }
 
 void SegmentedControl::setSelectedSegmentIndex(int index) {
-    selected_ = index;
-    update();
+    if (index == selectedSegmentIndex())
+        return;
+    if (QAbstractButton* chosen = group_.button(index)) {
+        chosen->setChecked(true);
+        changed_ = false;
+        return;
+    }
+    // No segment: an exclusive group cannot uncheck its last button by itself.
+    QAbstractButton* checked = group_.checkedButton();
+    group_.setExclusive(false);
+    checked->setChecked(false);
+    group_.setExclusive(true);
 }
 
 void SegmentedControl::setTintColor(const QColor& colour) {
+    if (colour == tint_)
+        return;
     tint_ = colour;
     update();
 }
 
 QRectF SegmentedControl::segmentRect(int index) const {
     const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    const qreal width = area.width() / std::max<qsizetype>(1, items_.size());
+    const qreal width = area.width() / std::max<qsizetype>(1, group_.buttons().size());
     return {area.left() + index * width, area.top(), width, area.height()};
+}
+
+void SegmentedControl::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    for (QAbstractButton* button : group_.buttons())
+        button->setGeometry(segmentRect(group_.id(button)).toAlignedRect());
 }
 
 void SegmentedControl::paintEvent(QPaintEvent*) {
@@ -40,12 +102,15 @@ void SegmentedControl::paintEvent(QPaintEvent*) {
     outline.addRoundedRect(area, 4, 4);
     painter.setClipPath(outline);
     painter.setFont(Appearance::systemFont(13));
-    for (int i = 0; i < items_.size(); ++i) {
+    const int selected = selectedSegmentIndex();
+    const QList<QAbstractButton*> segments = group_.buttons();
+    for (QAbstractButton* button : segments) {
+        const int i = group_.id(button);
         const QRectF segment = segmentRect(i);
-        if (i == selected_)
+        if (i == selected)
             painter.fillRect(segment, tint_);
-        painter.setPen(i == selected_ ? QColor(Qt::white) : tint_);
-        painter.drawText(segment, Qt::AlignCenter, items_[i]);
+        painter.setPen(i == selected ? QColor(Qt::white) : tint_);
+        painter.drawText(segment, Qt::AlignCenter, button->text());
         if (i > 0)
             painter.fillRect(QRectF(segment.left() - 0.5, area.top(), 1, area.height()), tint_);
     }
@@ -53,17 +118,17 @@ void SegmentedControl::paintEvent(QPaintEvent*) {
     painter.setPen(QPen(tint_, 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(outline);
+    for (QAbstractButton* button : segments)
+        if (button->hasFocus())
+            Appearance::drawFocusRing(painter, segmentRect(group_.id(button)), 4);
 }
 
 void SegmentedControl::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !rect().contains(event->position().toPoint()))
         return;
-    for (int i = 0; i < items_.size(); ++i) {
-        if (segmentRect(i).contains(event->position()) && i != selected_) {
-            setSelectedSegmentIndex(i);
-            emit valueChanged();
-        }
-    }
+    for (QAbstractButton* button : group_.buttons())
+        if (segmentRect(group_.id(button)).contains(event->position()) && !button->isChecked())
+            button->click();
 }
 
 } // namespace pomwick

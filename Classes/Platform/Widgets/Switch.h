@@ -5,16 +5,18 @@
 
 namespace pomwick {
 
-// The on/off switch, 51 x 31 points. valueChanged comes from the user's toggles only.
+// The on/off switch, 51 x 31 points: a checkable button, so Tab, Space and screen readers work
+// as for any check box. valueChanged comes from the user's toggles only.
 class Switch : public QAbstractButton {
     Q_OBJECT
+    Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY valueChanged USER true)
 public:
     static constexpr QSize size{51, 31};
 
     explicit Switch(QWidget* parent = nullptr);
 
     bool isOn() const { return isChecked(); }
-    void setOn(bool on, bool animated);
+    void setOn(bool on, bool animated = false);
     void setOnTintColor(const QColor& colour);
 
     QSize sizeHint() const override { return size; }
