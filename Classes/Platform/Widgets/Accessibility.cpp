@@ -1,6 +1,8 @@
 // What screen readers learn about the controls Qt does not know: the switch is a check box whose
-// value reads "on" or "off", the slider reports its float value, and a row is an item that can
-// be pressed and is unavailable while it is dimmed or does not react.
+// value reads "on" or "off", a segment is a radio button, the slider reports its float value,
+// and a row is an item that can be pressed and is unavailable while it is dimmed or does not
+// react.
+#include "SegmentedControl.h"
 #include "Slider.h"
 #include "Switch.h"
 #include "TableViewCell.h"
@@ -47,6 +49,25 @@ public:
         QAccessible::State state = Pressable::state();
         state.checkable = true;
         state.checked = control()->isOn();
+        return state;
+    }
+};
+
+// A segment of a segmented control: one of a set of radio buttons.
+class SegmentAccessible : public Pressable<QAbstractButton> {
+public:
+    explicit SegmentAccessible(QAbstractButton* segment)
+        : Pressable(segment, QAccessible::RadioButton, pressAction()) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name && control()->accessibleName().isEmpty())
+            return control()->text();
+        return Pressable::text(kind);
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = Pressable::state();
+        state.checkable = true;
+        state.checked = control()->isChecked();
         return state;
     }
 };
@@ -104,6 +125,8 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object) 
         return new SwitchAccessible(static_cast<Switch*>(object));
     if (className == QLatin1String(Slider::staticMetaObject.className()))
         return new SliderAccessible(static_cast<Slider*>(object));
+    if (className == QLatin1String(Segment::staticMetaObject.className()))
+        return new SegmentAccessible(static_cast<Segment*>(object));
     if (className == QLatin1String(TableViewCell::staticMetaObject.className()))
         return new CellAccessible(static_cast<TableViewCell*>(object));
     return nullptr;

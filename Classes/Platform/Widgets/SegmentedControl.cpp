@@ -9,33 +9,22 @@
 #include <utility>
 
 namespace pomwick {
-namespace {
+Segment::Segment(const QString& title, SegmentedControl* control) : QAbstractButton(control) {
+    setText(title);
+    setCheckable(true);
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
 
-// One segment: the control paints all of them; a segment only carries the state, the focus and
-// the accessible name.
-class Segment : public QAbstractButton {
-public:
-    Segment(const QString& title, SegmentedControl* control) : QAbstractButton(control) {
-        setText(title);
-        setCheckable(true);
-        setFocusPolicy(Qt::TabFocus);
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-    }
+void Segment::focusInEvent(QFocusEvent* event) {
+    QAbstractButton::focusInEvent(event);
+    parentWidget()->update();
+}
 
-protected:
-    void paintEvent(QPaintEvent*) override {}
-    // The control draws the focus ring.
-    void focusInEvent(QFocusEvent* event) override {
-        QAbstractButton::focusInEvent(event);
-        parentWidget()->update();
-    }
-    void focusOutEvent(QFocusEvent* event) override {
-        QAbstractButton::focusOutEvent(event);
-        parentWidget()->update();
-    }
-};
-
-} // namespace
+void Segment::focusOutEvent(QFocusEvent* event) {
+    QAbstractButton::focusOutEvent(event);
+    parentWidget()->update();
+}
 
 SegmentedControl::SegmentedControl(const QStringList& items, QWidget* parent)
     : QWidget(parent), tint_(Appearance::segmentedControlTint()) {

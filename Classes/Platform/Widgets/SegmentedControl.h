@@ -1,11 +1,28 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QButtonGroup>
 #include <QColor>
 #include <QStringList>
 #include <QWidget>
 
 namespace pomwick {
+
+class SegmentedControl;
+
+// One segment: the control paints all of them; a segment carries the state, the focus and the
+// accessible name.
+class Segment : public QAbstractButton {
+    Q_OBJECT
+public:
+    Segment(const QString& title, SegmentedControl* control);
+
+protected:
+    void paintEvent(QPaintEvent*) override {}
+    // The control draws the focus ring.
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+};
 
 // Segments side by side, the selected one filled with the tint: one checkable button per segment
 // in an exclusive group, so Tab reaches the selected segment, the arrow keys choose another and

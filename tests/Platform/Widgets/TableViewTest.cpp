@@ -2,7 +2,11 @@
 
 #include "ViewGeometry.h"
 
-#include <QCoreApplication>
+#include <QAccessible>
+#include <QAccessibleInterface>
+#include <QApplication>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -34,6 +38,10 @@ public:
         cell->textLabel()->setText(QString("%1.%2").arg(path.section).arg(path.row));
         if (path.row == 1)
             cell->setUserInteractionEnabled(false);
+        if (path.section == 2 && path.row == 2) {
+            cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
+            (new QPushButton("Control", cell))->setFocusPolicy(Qt::TabFocus);
+        }
         return cell;
     }
     void didSelectRowAtIndexPath(TableView*, IndexPath path) override { selected.push_back(path); }
@@ -80,4 +88,48 @@ TEST(TableView, TappingSelectsUntilDeselectedAndCellsThatDoNotReactIgnoreTouches
     EXPECT_TRUE(inert->testAttribute(Qt::WA_TransparentForMouseEvents));
     const QPoint centre = inert->mapTo(table.viewport(), inert->rect().center());
     EXPECT_NE(table.viewport()->childAt(centre), inert);
+}
+
+TEST(TableView, TabReachesRowsThatReactAndControlsInOrderAndARebuildKeepsFocusAndScroll) {
+    CountingSource source;
+    TableView table;
+    setFrame(&table, QRectF(0, 0, 320, 100));
+    table.setDataSource(&source);
+    table.reloadData();
+    table.show();
+    QApplication::setActiveWindow(&table);
+
+    QStringList reached;
+    table.cellForRowAtIndexPath({0, 0})->setFocus(Qt::TabFocusReason);
+    while (reached.size() < 3) {
+        QWidget* focused = QApplication::focusWidget();
+        auto* cell = qobject_cast<TableViewCell*>(focused);
+        reached << (cell ? cell->textLabel()->text() : focused->metaObject()->className());
+        if (reached.size() < 3)
+            QTest::keyClick(focused, Qt::Key_Tab);
+    }
+    // 0.1 and 2.1 do not react; 2.2 has no highlight and lends the focus to its control.
+    EXPECT_EQ(reached, (QStringList{"0.0", "2.0", "QPushButton"}));
+
+    const int scrolled = table.verticalScrollBar()->value();
+    EXPECT_GT(scrolled, 0);
+    table.reloadData();
+    EXPECT_EQ(table.verticalScrollBar()->value(), scrolled);
+    EXPECT_EQ(QApplication::focusWidget()->parentWidget(), table.cellForRowAtIndexPath({2, 2}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    // Space on a focused row taps it; a dimmed one or one that does not react is unavailable.
+    table.cellForRowAtIndexPath({2, 0})->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(source.selected, (std::vector<IndexPath>{{2, 0}}));
+    table.cellForRowAtIndexPath({2, 0})->setDimmed(true);
+    for (IndexPath path : {IndexPath{2, 0}, IndexPath{2, 1}}) {
+        QAccessibleInterface* row =
+            QAccessible::queryAccessibleInterface(table.cellForRowAtIndexPath(path));
+        EXPECT_TRUE(row->state().disabled);
+        EXPECT_EQ(row->text(QAccessible::Name), QString("2.%1").arg(path.row));
+    }
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(table.cellForRowAtIndexPath({2, 2}))
+                     ->state()
+                     .disabled);
 }
