@@ -29,8 +29,9 @@ QPushButton* barButton(QWidget* parent) {
     button->setCursor(Qt::PointingHandCursor);
     button->setFont(Appearance::systemFont(17));
     button->setStyleSheet(
-        QString("QPushButton { color: %1; border: none; padding: 0 8px; "
-                "background: transparent; } QPushButton:pressed { color: %2; }")
+        QString("QPushButton { color: %1; border: 2px solid transparent; border-radius: 6px; "
+                "padding: 0 6px; background: transparent; } QPushButton:pressed { color: %2; } "
+                "QPushButton:focus { border-color: %1; }")
             .arg(Appearance::tint().name(), Appearance::tint().lighter(160).name()));
     return button;
 }

@@ -40,6 +40,8 @@ TableView::TableView(QWidget* parent) : QScrollArea(parent), content_(new Groupe
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Rows span the whole width, as on the phone; the wheel and the keyboard still scroll.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Tab goes to the rows and their controls, and scrolls to each; the list is no stop itself.
+    setFocusPolicy(Qt::NoFocus);
     setWidget(content_);
     setWidgetResizable(false);
 }

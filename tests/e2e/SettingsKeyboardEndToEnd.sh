@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# The page driven by the keyboard alone, in the real window with the real renderer: Tab to the
+# switch, Space off and on, Space on "Hide", the right arrow back to "Show", typing a badge text,
+# the arrow keys on the alpha slider, Return in the text field; the settings file follows.
+#   SettingsKeyboardEndToEnd.sh BUILD_DIR SCREENSHOT.png
+BUILD_DIR=$1
+SCREENSHOT=$2
+source "$(dirname "$0")/WindowSession.sh"
+start_session
+# Keys go to the window with the input focus; the first stop of its chain is the back button.
+xdotool windowfocus --sync "$window"
+key() { xdotool key --delay 30 "$@"; }
+
+# Back button, "Respring", then the switch.
+key Tab Tab
+pressed=$(now); key space
+expect_setting ENABLED false "Space on the switch did not switch the tweak off"
+wait_for_preview_after "$pressed"
+# The rebuilt row has the focus on its switch again.
+pressed=$(now); key space
+expect_setting ENABLED true "Space on the switch did not switch the tweak on"
+wait_for_preview_after "$pressed"
+
+key Tab
+pressed=$(now); key space
+expect_setting BADGE_VISIBLE false "Space on \"Hide\" did not hide the badge"
+wait_for_preview_after "$pressed"
+pressed=$(now); key Right
+expect_setting BADGE_VISIBLE true "the right arrow did not choose \"Show\""
+wait_for_preview_after "$pressed"
+
+key Tab
+xdotool type --delay 40 '  Hi@ '
+expect_setting BADGE_TEXT_FIELD_TEXT "  Hi@ " "typing did not store the text as typed"
+
+# The info button, four rows, the border width slider, the alpha slider.
+key Tab Tab Tab Tab Tab Tab Tab
+pressed=$(now); key Left Left Left
+# 0.97 as a 32-bit float, as the tool prints it.
+expect_setting BADGE_ALPHA 0.970000029 "three steps left did not store the alpha 0.97"
+wait_for_preview_after "$pressed"
+
+# Back to the text field; Return stores the text trimmed.
+key shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab
+returned=$(now); key Return
+expect_setting BADGE_TEXT_FIELD_TEXT "Hi@" "Return did not store the trimmed text"
+wait_for_preview_after "$returned"
+
+photograph
+echo "settings keyboard end to end: 1 passed, 0 failed"
