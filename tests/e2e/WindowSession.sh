@@ -6,7 +6,7 @@ export LC_ALL=C.UTF-8
 root=$(mktemp -d)
 work=$(mktemp -d)
 cleanup() {
-    kill "${host:-}" "${renderer:-}" 2>/dev/null || true
+    kill "${host:-}" "${renderer:-}" "${accessibility_bus:-}" 2>/dev/null || true
     [ -n "${DBUS_SESSION_BUS_PID:-}" ] && kill "$DBUS_SESSION_BUS_PID" 2>/dev/null || true
     [ -n "${xserver:-}" ] && kill "$xserver" 2>/dev/null || true
     rm -rf "$root" "$work"
@@ -58,10 +58,11 @@ wait_for_preview_after() {
 }
 
 # Starts everything, with the extra environment given for the settings window, and waits for its
-# window and its first preview.
+# window and its first preview. A caller's `before_programs`, when defined, runs once the bus is up.
 start_session() {
     start_x_server
     eval "$(dbus-launch --sh-syntax)"
+    if [ "$(type -t before_programs)" = function ]; then before_programs; fi
     "$BUILD_DIR/Renderer/pomwick-renderer" --root "$root" 2>"$work/renderer.log" &
     renderer=$!
     env "$@" "$BUILD_DIR/Host/pomwick-settings" --root "$root" 2>"$work/host.log" &
