@@ -15,3 +15,16 @@ for kind in release sanitize; do
     echo "== tests ($kind)"
     ctest --test-dir "$dir" --output-on-failure -j 2 --timeout 300
 done
+
+# How big the tests are beside the code: lines of C++ that are neither blank nor comments.
+count_lines() {
+    find "$@" \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 cat | awk '
+        /^[[:space:]]*\/\*/ { comment = 1 }
+        comment { if ($0 ~ /\*\//) comment = 0; next }
+        /^[[:space:]]*$/ || /^[[:space:]]*\/\// { next }
+        { lines++ }
+        END { print lines + 0 }'
+}
+test_lines=$(count_lines tests)
+code_lines=$(count_lines Classes Host Renderer Tools)
+echo "== size: tests $test_lines lines, code $code_lines lines ($((100 * test_lines / code_lines)) %)"
