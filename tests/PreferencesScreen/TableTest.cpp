@@ -35,14 +35,12 @@ TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
         {"Contact Us", "Follow on Twitter", "View My Other Tweaks", "Donate"},
     };
     const QString titles[] = {"Enabled", "Badge", "Reset", "Contact Us / Donate"};
-    int reuse = 1;
     for (int section = 0; section < 4; ++section) {
         EXPECT_EQ(screen->titleForHeaderInSection(screen->table(), section), titles[section]);
         EXPECT_EQ(screen->viewForFooterInSection(screen->table(), section) != nullptr,
                   section == 3);
         for (int row = 0; row < expected[section].size(); ++row) {
             EXPECT_EQ(text(section, row), expected[section][row]);
-            EXPECT_EQ(cell(section, row)->reuseIdentifier(), QString("Cell%1").arg(reuse++));
             EXPECT_FALSE(isDimmed(cell(section, row)));
             EXPECT_TRUE(cell(section, row)->isUserInteractionEnabled());
         }
@@ -53,8 +51,6 @@ TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
         shownTitles << label->text();
     EXPECT_EQ(shownTitles, (QStringList{"ENABLED", "BADGE", "RESET", "CONTACT US / DONATE"}));
     EXPECT_EQ(frame(screen->table()), bounds(screen->view()));
-    EXPECT_EQ(screen->table()->cellForRowAtIndexPath({4, 0}), nullptr);
-    EXPECT_EQ(screen->numberOfRowsInSection(screen->table(), 7), 0);
 
     EXPECT_TRUE(control<Switch>(0, 0)->isOn());
     EXPECT_EQ(control<SegmentedControl>(1, 0)->selectedSegmentIndex(), 1);

@@ -60,13 +60,12 @@ NavigationController::NavigationController(ViewController* root, QSize size, QWi
     pushViewController(root, false);
 }
 
-NavigationController::~NavigationController() {
-    for (ViewController* controller : stack_)
-        delete controller;
-}
+// The controllers are children: they go with the stack, and with them whatever they connected.
+NavigationController::~NavigationController() = default;
 
 void NavigationController::pushViewController(ViewController* controller, bool animated) {
     ViewController* previous = topViewController();
+    controller->setParent(this);
     controller->navigation_ = this;
     controller->setInitialViewSize(QSize(width(), std::max(0, height() - barHeight)));
     QWidget* view = controller->view();
