@@ -13,21 +13,21 @@ key() { xdotool key --delay 30 "$@"; }
 
 # Back button, "Respring", then the switch.
 key Tab Tab
-pressed=$(now); key space
+pressed=$(preview_stamp); key space
 expect_setting ENABLED false "Space on the switch did not switch the tweak off"
-wait_for_preview_after "$pressed"
+wait_for_fresh_preview "$pressed"
 # The rebuilt row has the focus on its switch again.
-pressed=$(now); key space
+pressed=$(preview_stamp); key space
 expect_setting ENABLED true "Space on the switch did not switch the tweak on"
-wait_for_preview_after "$pressed"
+wait_for_fresh_preview "$pressed"
 
 key Tab
-pressed=$(now); key space
+pressed=$(preview_stamp); key space
 expect_setting BADGE_VISIBLE false "Space on \"Hide\" did not hide the badge"
-wait_for_preview_after "$pressed"
-pressed=$(now); key Right
+wait_for_fresh_preview "$pressed"
+pressed=$(preview_stamp); key Right
 expect_setting BADGE_VISIBLE true "the right arrow did not choose \"Show\""
-wait_for_preview_after "$pressed"
+wait_for_fresh_preview "$pressed"
 
 key Tab
 xdotool type --delay 40 '  Hi@ '
@@ -35,16 +35,16 @@ expect_setting BADGE_TEXT_FIELD_TEXT "  Hi@ " "typing did not store the text as 
 
 # The info button, four rows, the border width slider, the alpha slider.
 key Tab Tab Tab Tab Tab Tab Tab
-pressed=$(now); key Left Left Left
+pressed=$(preview_stamp); key Left Left Left
 # 0.97 as a 32-bit float, as the tool prints it.
 expect_setting BADGE_ALPHA 0.970000029 "three steps left did not store the alpha 0.97"
-wait_for_preview_after "$pressed"
+wait_for_fresh_preview "$pressed"
 
 # Back to the text field; Return stores the text trimmed.
 key shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab
-returned=$(now); key Return
+returned=$(preview_stamp); key Return
 expect_setting BADGE_TEXT_FIELD_TEXT "Hi@" "Return did not store the trimmed text"
-wait_for_preview_after "$returned"
+wait_for_fresh_preview "$returned"
 
 photograph
 echo "settings keyboard end to end: 1 passed, 0 failed"

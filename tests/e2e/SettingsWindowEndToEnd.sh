@@ -13,26 +13,28 @@ enabled_row=$((44 + 210 + 35 + 22))
 text_row=$((44 + 210 + 35 + 44 + 35 + 44 + 22))
 alpha_row=$((44 + 210 + 35 + 44 + 35 + 7 * 44 + 22))
 
-clicked=$(now); at 368 "$enabled_row"; xdotool click 1
+clicked=$(preview_stamp); at 368 "$enabled_row"; xdotool click 1
 expect_setting ENABLED false "the switch did not switch the tweak off"
-wait_for_preview_after "$clicked"
-clicked=$(now); at 368 "$enabled_row"; xdotool click 1
+wait_for_fresh_preview "$clicked"
+# The pointer is still on the switch (moving it where it is would wait for a motion that never
+# comes).
+clicked=$(preview_stamp); xdotool click 1
 expect_setting ENABLED true "the switch did not switch the tweak on"
-wait_for_preview_after "$clicked"
+wait_for_fresh_preview "$clicked"
 
 # A drag: the X server delivers the motions in order, so none needs a pause.
 at 390 "$alpha_row"; xdotool mousedown 1
 for x in 370 340 310 280 260; do at "$x" "$alpha_row"; done
-released=$(now); xdotool mouseup 1
-wait_for_preview_after "$released"
+released=$(preview_stamp); xdotool mouseup 1
+wait_for_fresh_preview "$released"
 alpha=$(setting BADGE_ALPHA)
 awk -v a="$alpha" 'BEGIN { exit !(a > 0.3 && a < 0.9) }' || fail "dragging the slider stored BADGE_ALPHA = $alpha"
 
 at 250 "$text_row"; xdotool click 1
 xdotool type --delay 40 '  Hi@ '
-returned=$(now); xdotool key Return
+returned=$(preview_stamp); xdotool key Return
 expect_setting BADGE_TEXT_FIELD_TEXT "Hi@" "Return did not store the trimmed text"
-wait_for_preview_after "$returned"
+wait_for_fresh_preview "$returned"
 
 photograph
 echo "settings window end to end: 1 passed, 0 failed"

@@ -43,15 +43,14 @@ start_x_server() {
 }
 
 background="$root/tmp/badgeBackground.png"
-now() { date +%s.%N; }
-# Waits until the renderer has answered a request made after the given moment: the page has
-# rebuilt itself and asked for a fresh preview.
-wait_for_preview_after() {
+# The renderer swaps a new file in for every preview: its inode, time and size name one version.
+# (Times alone would not do: file times tick more coarsely than the clock of `date`.)
+preview_stamp() { stat -c '%i %.9Y %s' "$background" 2>/dev/null || echo none; }
+# Waits until the renderer has written a preview other than the one stamped: the page has
+# rebuilt itself or let go of a slider and asked for a fresh preview.
+wait_for_fresh_preview() {
     for _ in $(seq 200); do
-        if [ -s "$background" ] &&
-            awk -v written="$(stat -c %.9Y "$background")" -v asked="$1" 'BEGIN { exit !(written > asked) }'; then
-            return 0
-        fi
+        [ "$(preview_stamp)" != "$1" ] && [ -s "$background" ] && return 0
         sleep 0.05
     done
     fail "the page asked for no fresh preview"
@@ -70,7 +69,7 @@ start_session() {
     window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1)
     [ -n "$window" ] || fail "the settings window did not appear"
     eval "$(xdotool getwindowgeometry --shell "$window")"
-    wait_for_preview_after 0
+    wait_for_fresh_preview none
 }
 
 photograph() {

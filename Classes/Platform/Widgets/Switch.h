@@ -9,7 +9,7 @@ namespace pomwick {
 // as for any check box. valueChanged comes from the user's toggles only.
 class Switch : public QAbstractButton {
     Q_OBJECT
-    Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY valueChanged USER true)
+    Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY toggled USER true)
 public:
     static constexpr QSize size{51, 31};
 
