@@ -6,10 +6,10 @@
 namespace pomwick {
 
 // The on/off switch, 51 x 31 points: a checkable button, so Tab, Space and screen readers work
-// as for any check box. valueChanged comes from the user's toggles only.
+// as for any check box. Its value is the button's `checked` property (toggled on every change);
+// valueChanged comes from the user's toggles only.
 class Switch : public QAbstractButton {
     Q_OBJECT
-    Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY toggled USER true)
 public:
     static constexpr QSize size{51, 31};
 
