@@ -16,6 +16,8 @@ trap cleanup EXIT
 fail() {
     echo "FAIL: $*" >&2
     import -display "$DISPLAY" -window root "${SCREENSHOT%.png}-failure.png" 2>/dev/null || true
+    kill -0 "${xserver:-0}" 2>/dev/null || echo "the X server on $DISPLAY has gone:" >&2
+    cat "$work/xvfb.log" >&2 || true
     echo "host said:" >&2; cat "$work/host.log" >&2 || true
     echo "renderer said:" >&2; cat "$work/renderer.log" >&2 || true
     exit 1
@@ -64,9 +66,16 @@ start_session() {
     if [ "$(type -t before_programs)" = function ]; then before_programs; fi
     "$BUILD_DIR/Renderer/pomwick-renderer" --root "$root" 2>"$work/renderer.log" &
     renderer=$!
+    # The home screen runs before Settings opens: the page sizes its header from the icon size the
+    # renderer reports at start, and reads it once.
+    for _ in $(seq 200); do
+        [ -s "$root/tmp/iconSize.txt" ] && break
+        sleep 0.05
+    done
+    [ -s "$root/tmp/iconSize.txt" ] || fail "the renderer reported no icon size"
     env "$@" "$BUILD_DIR/Host/pomwick-settings" --root "$root" 2>"$work/host.log" &
     host=$!
-    window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1)
+    window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1) || true
     [ -n "$window" ] || fail "the settings window did not appear"
     eval "$(xdotool getwindowgeometry --shell "$window")"
     wait_for_fresh_preview none
