@@ -37,11 +37,7 @@ TEST(Switch, OnlyTheUsersTogglesAreReportedBySpaceOrClickAndByItsAction) {
     EXPECT_TRUE(toggle.isOn());
     EXPECT_EQ(changes.count(), 2);
 
-    toggle.setAccessibleName("Enabled");
     QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&toggle);
-    EXPECT_EQ(reader->role(), QAccessible::CheckBox);
-    EXPECT_EQ(reader->text(QAccessible::Name), "Enabled");
-    EXPECT_EQ(reader->text(QAccessible::Value), "on");
     reader->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
     EXPECT_EQ(reader->text(QAccessible::Value), "off");
     EXPECT_EQ(changes.count(), 3);
@@ -67,8 +63,6 @@ TEST(SegmentedControl, ChoosingAnotherSegmentByClickOrArrowIsReportedOnce) {
     EXPECT_EQ(control.selectedSegmentIndex(), 1);
     EXPECT_EQ(changes.count(), 2);
     EXPECT_EQ(property.count(), 2);
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(control.segment(1))->text(QAccessible::Name),
-              "Show");
 
     control.setEnabled(false);
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(25, 15));
@@ -112,7 +106,6 @@ TEST(Slider, EachKeyOrAssistiveStepIsAChangeAndARelease) {
     Slider slider;
     slider.resize(228, 31);
     slider.setValue(0.4f);
-    slider.setAccessibleName("Alpha: 40%");
     QSignalSpy changes(&slider, &Slider::valueChanged);
     QSignalSpy released(&slider, &Slider::touchUpInside);
     focus(&slider);
@@ -124,8 +117,6 @@ TEST(Slider, EachKeyOrAssistiveStepIsAChangeAndARelease) {
     EXPECT_EQ(released.count(), 2);
 
     QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&slider);
-    EXPECT_EQ(reader->role(), QAccessible::Slider);
-    EXPECT_EQ(reader->text(QAccessible::Name), "Alpha: 40%");
     reader->valueInterface()->setCurrentValue(0.4);
     EXPECT_FLOAT_EQ(slider.value(), 0.4f);
     EXPECT_EQ(reader->text(QAccessible::Value), "0.4");
