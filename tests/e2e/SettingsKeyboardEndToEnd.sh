@@ -11,23 +11,22 @@ start_session
 xdotool windowfocus --sync "$window"
 key() { xdotool key --delay 30 "$@"; }
 
-# Back button, "Respring", then the switch.
+# Presses a key that stores a setting and refreshes the preview: KEY NAME VALUE FAILURE.
+press() {
+    local before; before=$(preview_stamp)
+    key "$1"
+    expect_setting "$2" "$3" "$4"
+    wait_for_fresh_preview "$before"
+}
+
+# Back button, "Respring", then the switch; the rebuilt row gives the focus back to its switch.
 key Tab Tab
-pressed=$(preview_stamp); key space
-expect_setting ENABLED false "Space on the switch did not switch the tweak off"
-wait_for_fresh_preview "$pressed"
-# The rebuilt row has the focus on its switch again.
-pressed=$(preview_stamp); key space
-expect_setting ENABLED true "Space on the switch did not switch the tweak on"
-wait_for_fresh_preview "$pressed"
+press space ENABLED false "Space on the switch did not switch the tweak off"
+press space ENABLED true "Space on the switch did not switch the tweak on"
 
 key Tab
-pressed=$(preview_stamp); key space
-expect_setting BADGE_VISIBLE false "Space on \"Hide\" did not hide the badge"
-wait_for_fresh_preview "$pressed"
-pressed=$(preview_stamp); key Right
-expect_setting BADGE_VISIBLE true "the right arrow did not choose \"Show\""
-wait_for_fresh_preview "$pressed"
+press space BADGE_VISIBLE false "Space on \"Hide\" did not hide the badge"
+press Right BADGE_VISIBLE true "the right arrow did not choose \"Show\""
 
 key Tab
 xdotool type --delay 40 '  Hi@ '
@@ -35,16 +34,13 @@ expect_setting BADGE_TEXT_FIELD_TEXT "  Hi@ " "typing did not store the text as 
 
 # The info button, four rows, the border width slider, the alpha slider.
 key Tab Tab Tab Tab Tab Tab Tab
-pressed=$(preview_stamp); key Left Left Left
+key Left Left
 # 0.97 as a 32-bit float, as the tool prints it.
-expect_setting BADGE_ALPHA 0.970000029 "three steps left did not store the alpha 0.97"
-wait_for_fresh_preview "$pressed"
+press Left BADGE_ALPHA 0.970000029 "three steps left did not store the alpha 0.97"
 
 # Back to the text field; Return stores the text trimmed.
 key shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab
-returned=$(preview_stamp); key Return
-expect_setting BADGE_TEXT_FIELD_TEXT "Hi@" "Return did not store the trimmed text"
-wait_for_fresh_preview "$returned"
+press Return BADGE_TEXT_FIELD_TEXT "Hi@" "Return did not store the trimmed text"
 
 photograph
 echo "settings keyboard end to end: 1 passed, 0 failed"

@@ -45,14 +45,27 @@ public:
     void didSelectRowAtIndexPath(TableView*, IndexPath path) override { selected.push_back(path); }
 };
 
-} // namespace
+// A 320 x 480 table over the counting source, loaded and shown.
+class Table : public testing::Test {
+protected:
+    void SetUp() override {
+        setFrame(&table, QRectF(0, 0, 320, 480));
+        table.setDataSource(&source);
+        table.reloadData();
+        table.show();
+    }
+    // The old rows go once the event loop runs, never under a signal that is still running.
+    void TearDown() override {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
-TEST(TableView, EveryReloadAsksEachSectionsRowCountOnceAndBuildsEveryCellAnew) {
     CountingSource source;
     TableView table;
-    setFrame(&table, QRectF(0, 0, 320, 480));
-    table.setDataSource(&source);
-    table.reloadData();
+};
+
+} // namespace
+
+TEST_F(Table, EveryReloadAsksEachSectionsRowCountOnceAndBuildsEveryCellAnew) {
     TableViewCell* before = table.cellForRowAtIndexPath({2, 2});
     ASSERT_NE(before, nullptr);
     table.reloadData();
@@ -62,18 +75,9 @@ TEST(TableView, EveryReloadAsksEachSectionsRowCountOnceAndBuildsEveryCellAnew) {
     EXPECT_EQ(table.cellForRowAtIndexPath({2, 2})->textLabel()->text(), "2.2");
     EXPECT_EQ(table.cellForRowAtIndexPath({1, 0}), nullptr);
     EXPECT_EQ(frame(table.cellForRowAtIndexPath({0, 0})).width(), 320);
-    // The old rows go once the event loop runs, never under a signal that is still running.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-TEST(TableView, TappingSelectsUntilDeselectedAndCellsThatDoNotReactIgnoreTouches) {
-    CountingSource source;
-    TableView table;
-    setFrame(&table, QRectF(0, 0, 320, 480));
-    table.setDataSource(&source);
-    table.reloadData();
-    table.show();
-
+TEST_F(Table, TappingSelectsUntilDeselectedAndCellsThatDoNotReactIgnoreTouches) {
     QTest::mouseClick(table.cellForRowAtIndexPath({2, 0}), Qt::LeftButton);
     ASSERT_EQ(source.selected, (std::vector<IndexPath>{{2, 0}}));
     EXPECT_TRUE(table.cellForRowAtIndexPath({2, 0})->isHighlighted());
@@ -88,13 +92,8 @@ TEST(TableView, TappingSelectsUntilDeselectedAndCellsThatDoNotReactIgnoreTouches
     EXPECT_NE(table.viewport()->childAt(centre), inert);
 }
 
-TEST(TableView, TabReachesRowsThatReactAndControlsInOrderAndARebuildKeepsFocusAndScroll) {
-    CountingSource source;
-    TableView table;
+TEST_F(Table, TabReachesRowsThatReactAndControlsInOrderAndARebuildKeepsFocusAndScroll) {
     setFrame(&table, QRectF(0, 0, 320, 100));
-    table.setDataSource(&source);
-    table.reloadData();
-    table.show();
     QApplication::setActiveWindow(&table);
 
     QStringList reached;
@@ -114,7 +113,6 @@ TEST(TableView, TabReachesRowsThatReactAndControlsInOrderAndARebuildKeepsFocusAn
     table.reloadData();
     EXPECT_EQ(table.verticalScrollBar()->value(), scrolled);
     EXPECT_EQ(QApplication::focusWidget()->parentWidget(), table.cellForRowAtIndexPath({2, 2}));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
     // Space on a focused row taps it.
     table.cellForRowAtIndexPath({2, 0})->setFocus();
