@@ -7,7 +7,7 @@ BUILD_DIR=$1
 SCREENSHOT=$2
 source "$(dirname "$0")/WindowSession.sh"
 start_session
-# Keys go to the window with the input focus; the first stop of its chain is the back button.
+# Keys go to the window with the input focus.
 xdotool windowfocus --sync "$window"
 key() { xdotool key --delay 30 "$@"; }
 
@@ -19,8 +19,9 @@ press() {
     wait_for_fresh_preview "$before"
 }
 
-# Back button, "Respring", then the switch; the rebuilt row gives the focus back to its switch.
-key Tab Tab
+# The window holds the focus itself at first; then the back button, "Respring", the switch. The
+# rebuilt row gives the focus back to its switch.
+key Tab Tab Tab
 press space ENABLED false "Space on the switch did not switch the tweak off"
 press space ENABLED true "Space on the switch did not switch the tweak on"
 

@@ -145,6 +145,10 @@ void NavigationController::showEvent(QShowEvent* event) {
     if (appeared_)
         return;
     appeared_ = true;
+    // The window opens with the focus on itself, not on its first button: no ring until the
+    // first Tab, which goes to the back button.
+    if (focusWidget() == nullptr)
+        setFocus(Qt::OtherFocusReason);
     if (ViewController* top = topViewController()) {
         top->viewWillAppear(false);
         top->viewDidAppear(false);
