@@ -13,6 +13,7 @@ EXPECTED = [
     ("Enabled", "check box"),
     ("BADGE", "label"),
     ("Visibility:", "list item"),
+    ("Visibility", "panel"),
     ("Hide", "radio button"),
     ("Show", "radio button"),
     ("Text:", "list item"),

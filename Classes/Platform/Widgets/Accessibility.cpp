@@ -1,7 +1,7 @@
 // What screen readers learn about the controls Qt does not know: the switch is a check box whose
-// value reads "on" or "off", a segment is a radio button, the slider reports its float value,
-// and a row is an item that can be pressed and is unavailable while it is dimmed or does not
-// react.
+// value reads "on" or "off", a segmented control is a group of radio buttons, the slider reports
+// its float value, and a row is an item that can be pressed and is unavailable while it is dimmed
+// or does not react.
 #include "SegmentedControl.h"
 #include "Slider.h"
 #include "Switch.h"
@@ -125,6 +125,8 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object) 
         return new SwitchAccessible(static_cast<Switch*>(object));
     if (className == QLatin1String(Slider::staticMetaObject.className()))
         return new SliderAccessible(static_cast<Slider*>(object));
+    if (className == QLatin1String(SegmentedControl::staticMetaObject.className()))
+        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Grouping);
     if (className == QLatin1String(Segment::staticMetaObject.className()))
         return new SegmentAccessible(static_cast<Segment*>(object));
     if (className == QLatin1String(TableViewCell::staticMetaObject.className()))
