@@ -48,18 +48,20 @@ SegmentedControl::SegmentedControl(const QStringList& items, QWidget* parent)
 }
 
 void SegmentedControl::setSelectedSegmentIndex(int index) {
-    if (index == selectedSegmentIndex())
+    QAbstractButton* chosen = group_.button(index);
+    // Any index that names no segment selects none.
+    if ((chosen != nullptr ? index : -1) == selectedSegmentIndex())
         return;
-    if (QAbstractButton* chosen = group_.button(index)) {
+    if (chosen != nullptr) {
         chosen->setChecked(true);
         changed_ = false;
         return;
     }
-    // No segment: an exclusive group cannot uncheck its last button by itself.
-    QAbstractButton* checked = group_.checkedButton();
+    // An exclusive group cannot uncheck its last button by itself.
     group_.setExclusive(false);
-    checked->setChecked(false);
+    group_.checkedButton()->setChecked(false);
     group_.setExclusive(true);
+    emit selectedSegmentIndexChanged(-1);
 }
 
 void SegmentedControl::setTintColor(const QColor& colour) {

@@ -67,6 +67,10 @@ TEST(SegmentedControl, ChoosingAnotherSegmentByClickOrArrowIsReportedOnce) {
     control.setEnabled(false);
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(25, 15));
     EXPECT_EQ(control.selectedSegmentIndex(), 1);
+    control.setSelectedSegmentIndex(-1);
+    control.setSelectedSegmentIndex(7);
+    EXPECT_EQ(control.selectedSegmentIndex(), -1);
+    EXPECT_EQ(property.count(), 3);
 }
 
 TEST(Slider, SettersClampQuietlyAndDraggingReportsEveryChange) {
