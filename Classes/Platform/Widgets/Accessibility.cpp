@@ -87,6 +87,11 @@ public:
         state.disabled = control()->isDimmed() || !control()->isUserInteractionEnabled();
         return state;
     }
+    // A row that ignores touches ignores a screen reader's press too.
+    void doAction(const QString& name) override {
+        if (name != pressAction() || control()->isUserInteractionEnabled())
+            Pressable::doAction(name);
+    }
 };
 
 class SliderAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
