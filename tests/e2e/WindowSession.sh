@@ -62,7 +62,9 @@ wait_for_fresh_preview() {
 # window and its first preview. A caller's `before_programs`, when defined, runs once the bus is up.
 start_session() {
     start_x_server
-    eval "$(dbus-launch --sh-syntax)"
+    # Without the display: dbus-launch then neither needs nor watches the X server.
+    eval "$(env -u DISPLAY dbus-launch --sh-syntax)"
+    [ -n "${DBUS_SESSION_BUS_PID:-}" ] || fail "no session bus"
     if [ "$(type -t before_programs)" = function ]; then before_programs; fi
     "$BUILD_DIR/Renderer/pomwick-renderer" --root "$root" 2>"$work/renderer.log" &
     renderer=$!
