@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The page driven by the keyboard alone, in the real window with the real renderer: Tab to the
-# switch, Space off and on, Space on "Hide", the right arrow back to "Show", typing a badge text,
+# switch, Space off and on, the left arrow to "Hide" and the right one back to "Show", typing a
+# badge text,
 # the arrow keys on the alpha slider, Return in the text field; the settings file follows.
 #   SettingsKeyboardEndToEnd.sh BUILD_DIR SCREENSHOT.png
 BUILD_DIR=$1
@@ -25,8 +26,9 @@ key Tab Tab Tab
 press space ENABLED false "Space on the switch did not switch the tweak off"
 press space ENABLED true "Space on the switch did not switch the tweak on"
 
+# Tab lands on the selected segment, "Show"; the arrows choose.
 key Tab
-press space BADGE_VISIBLE false "Space on \"Hide\" did not hide the badge"
+press Left BADGE_VISIBLE false "the left arrow did not choose \"Hide\""
 press Right BADGE_VISIBLE true "the right arrow did not choose \"Show\""
 
 key Tab

@@ -3,6 +3,8 @@
 #include "Appearance.h"
 
 #include <QAbstractButton>
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -17,8 +19,34 @@ Segment::Segment(const QString& title, SegmentedControl* control) : QAbstractBut
 }
 
 void Segment::focusInEvent(QFocusEvent* event) {
+    // Tab enters the control at its selected segment, as with any set of radio buttons.
+    const bool tabbed =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QAbstractButton* selected = group() != nullptr ? group()->checkedButton() : nullptr;
+    if (tabbed && selected != nullptr && selected != this) {
+        selected->setFocus(event->reason());
+        return;
+    }
     QAbstractButton::focusInEvent(event);
     parentWidget()->update();
+}
+
+// The arrows choose the neighbouring segment; the focus goes first, so that a rebuild the choice
+// starts finds it on the chosen segment.
+void Segment::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const int step = key == Qt::Key_Left || key == Qt::Key_Up      ? -1
+                     : key == Qt::Key_Right || key == Qt::Key_Down ? 1
+                                                                   : 0;
+    if (step == 0 || group() == nullptr) {
+        QAbstractButton::keyPressEvent(event);
+        return;
+    }
+    if (QAbstractButton* next = group()->button(group()->id(this) + step);
+        next != nullptr && next->isEnabled()) {
+        next->setFocus(Qt::OtherFocusReason);
+        next->click();
+    }
 }
 
 void Segment::focusOutEvent(QFocusEvent* event) {

@@ -22,6 +22,7 @@ protected:
     // The control draws the focus ring.
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 // Segments side by side, the selected one filled with the tint: one checkable button per segment

@@ -63,6 +63,10 @@ TEST(SegmentedControl, ChoosingAnotherSegmentByClickOrArrowIsReportedOnce) {
     EXPECT_EQ(control.selectedSegmentIndex(), 1);
     EXPECT_EQ(changes.count(), 2);
     EXPECT_EQ(property.count(), 2);
+    // The focus follows the choice, and Tab enters the control at the selected segment.
+    EXPECT_TRUE(control.segment(1)->hasFocus());
+    control.segment(0)->setFocus(Qt::BacktabFocusReason);
+    EXPECT_TRUE(control.segment(1)->hasFocus());
 
     control.setEnabled(false);
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(25, 15));
