@@ -10,6 +10,7 @@ packages=(
     libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
     dbus-daemon dbus-bin dbus-x11 libglib2.0-bin
     xvfb xauth xdotool x11-utils imagemagick
+    at-spi2-core python3-pyatspi
     adwaita-icon-theme librsvg2-bin locales-all
     libgmime-3.0-dev python3
 )

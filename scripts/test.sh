@@ -21,3 +21,16 @@ scripts/build.sh fuzz
 cmake -S . -B build-fuzz -DPOMWICK_FUZZ_SECONDS="${POMWICK_FUZZ_SECONDS:-60}" >/dev/null
 echo "== fuzzers (${POMWICK_FUZZ_SECONDS:-60} s each)"
 ctest --test-dir build-fuzz --output-on-failure -j 2 -L fuzz
+
+# How big the tests are beside the code: lines of C++ that are neither blank nor comments.
+count_lines() {
+    find "$@" \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 cat | awk '
+        /^[[:space:]]*\/\*/ { comment = 1 }
+        comment { if ($0 ~ /\*\//) comment = 0; next }
+        /^[[:space:]]*$/ || /^[[:space:]]*\/\// { next }
+        { lines++ }
+        END { print lines + 0 }'
+}
+test_lines=$(count_lines tests)
+code_lines=$(count_lines Classes Host Renderer Tools)
+echo "== size: tests $test_lines lines, code $code_lines lines ($((100 * test_lines / code_lines)) %)"

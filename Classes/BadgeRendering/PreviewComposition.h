@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QRectF>
+#include <QString>
 #include <optional>
 
 namespace pomwick {
@@ -11,6 +12,9 @@ struct PreviewBadge {
     QImage image;                // null: no badge is shown
     std::optional<QRectF> frame; // nothing: the badge view keeps the frame it had
 };
+
+// The text the preview badge shows: the stored text with "@" as 1, or 1 when none is stored.
+QString previewBadgeText();
 
 // Composes the preview badge from the settings, the renderer's background file and the sample
 // icon's frame: the stored text ("@" shown as 1) in the stored font, colour and opacity, centred

@@ -100,6 +100,7 @@ private:
     void restoreDefaults();
     void pushColourGrid(int gridTag);
     void pushPositionEditor();
+    void describePreview();
     TableViewCell* makeCell(const QString& reuseIdentifier, const QString& text,
                             const char* iconFile) const;
     TableViewCell* enabledCell();

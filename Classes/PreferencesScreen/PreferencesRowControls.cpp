@@ -26,13 +26,19 @@ void storeBadgeText(const QString& text) {
     setPreferencesObjectKey(text.toStdString(), SettingsKey::badgeTextFieldText);
 }
 
-// Spaces and tabs only: other white space typed into the field is kept.
+// The platform's set of spaces and tabs: every space separator of Unicode (category Zs: the
+// space, the no-break space, the en and em spaces, the ideographic space...) and the tab. Line
+// breaks and the other controls are not in it and are kept.
+bool isSpaceOrTab(QChar character) {
+    return character == '\t' || character.category() == QChar::Separator_Space;
+}
+
 QString trimmedOfSpacesAndTabs(const QString& text) {
     qsizetype start = 0;
     qsizetype end = text.size();
-    while (start < end && (text[start] == ' ' || text[start] == '\t'))
+    while (start < end && isSpaceOrTab(text[start]))
         ++start;
-    while (end > start && (text[end - 1] == ' ' || text[end - 1] == '\t'))
+    while (end > start && isSpaceOrTab(text[end - 1]))
         --end;
     return text.mid(start, end - start);
 }
@@ -58,9 +64,12 @@ void PomwickPreferencesViewController::sliderValueChanged(Slider* sender) {
         break;
     case 1:
         setPreferencesObjectKey(formatFloat(sender->value()), SettingsKey::badgeAlpha);
-        if (alphaCell_)
-            alphaCell_->textLabel()->setText(
-                QString("Alpha: %1%").arg(RowGeometry::wholePercent(getBadgeAlpha())));
+        if (alphaCell_) {
+            const QString label =
+                QString("Alpha: %1%").arg(RowGeometry::wholePercent(getBadgeAlpha()));
+            alphaCell_->textLabel()->setText(label);
+            sender->setAccessibleName(label);
+        }
         break;
     default:
         break;
@@ -85,6 +94,7 @@ void PomwickPreferencesViewController::infoButtonClicked() {
 
 void PomwickPreferencesViewController::reloadTableData() {
     mainTableView_->reloadData();
+    describePreview();
     requestPreview();
 }
 
@@ -97,6 +107,7 @@ bool PomwickPreferencesViewController::shouldChangeCharactersInRange(TextField* 
                                                                      const QString& replacement) {
     // The text as it stood before this edit: the range is relative to it.
     storeBadgeText(field->acceptedText().replace(range.location, range.length, replacement));
+    describePreview();
     return true;
 }
 

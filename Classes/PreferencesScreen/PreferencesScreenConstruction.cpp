@@ -1,9 +1,10 @@
 // Building the settings page: background, title, the preview header, the table, "Respring".
 #include "Appearance.h"
 #include "HomeScreen.h"
-#include "NavigationController.h"
 #include "PomwickPreferencesViewController.h"
+#include "PreviewComposition.h"
 #include "PreviewFiles.h"
+#include "Settings.h"
 #include "ViewGeometry.h"
 
 namespace pomwick {
@@ -17,8 +18,6 @@ void PomwickPreferencesViewController::viewDidLoad() {
     setBackgroundColour(root, QColor::fromRgbF(0.95, 0.95, 0.95));
     setTitle("Pomwick");
 
-    // A desktop window has no status bar: the inset is the navigation bar's height.
-    const qreal topInset = NavigationController::barHeight;
     const QRectF viewFrame = frame(root);
     if (const auto reported = readReportedIconSize())
         iconSize_ = *reported;
@@ -27,7 +26,9 @@ void PomwickPreferencesViewController::viewDidLoad() {
     setFrame(tableHeaderView_, QRectF(0, 0, viewFrame.width(), iconSize_ * 3 + 30));
 
     mainTableView_ = new TableView(root);
-    setFrame(mainTableView_, QRectF(0, 0, viewFrame.width(), viewFrame.height() - topInset));
+    // The whole view: it lies below the navigation bar already, and a desktop window has no
+    // status bar, so no inset is taken off.
+    setFrame(mainTableView_, QRectF(0, 0, viewFrame.width(), viewFrame.height()));
     mainTableView_->setTableHeaderView(tableHeaderView_);
     mainTableView_->setDataSource(this);
     mainTableView_->setSeparatorInset(0);
@@ -47,6 +48,7 @@ void PomwickPreferencesViewController::viewDidLoad() {
                     iconSize_, iconSize_));
     if (const QImage icon = loadBundleImage(PreviewFile::sampleIcon); !icon.isNull())
         iconImageView_->setPixmap(QPixmap::fromImage(icon));
+    describePreview();
 
     Appearance::setSegmentedControlTint(Qt::black);
     setRightBarButtonItem({"Respring", [this] {
@@ -56,6 +58,16 @@ void PomwickPreferencesViewController::viewDidLoad() {
     registerPreviewMessages();
     // In place, the table asks for its rows, which asks the renderer for the first preview.
     mainTableView_->reloadData();
+}
+
+// What a screen reader says of the header's picture.
+void PomwickPreferencesViewController::describePreview() {
+    const QString badge = !getEnabled()       ? QString("1")
+                          : getBadgeVisible() ? previewBadgeText()
+                                              : QString();
+    iconImageView_->setAccessibleName(
+        badge.isEmpty() ? QString("Badge preview: a sample icon without a badge")
+                        : QString("Badge preview: %1 on a sample icon").arg(badge));
 }
 
 void PomwickPreferencesViewController::respring() {

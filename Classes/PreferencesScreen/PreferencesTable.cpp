@@ -20,8 +20,6 @@
 namespace pomwick {
 namespace {
 
-constexpr qreal dimmed = 0.6;
-
 // The rows' icons are the bundle's artwork: decoded once, not on every rebuild (decoding them
 // was 40 % of a rebuild).
 QImage bundleIcon(const char* fileName) {
@@ -33,15 +31,17 @@ QImage bundleIcon(const char* fileName) {
     return found->second;
 }
 
-void dim(TableViewCell* cell, bool isDimmed) {
-    setAlpha(cell->textLabel(), isDimmed ? dimmed : 1.0);
-    setAlpha(cell->imageView(), isDimmed ? dimmed : 1.0);
-}
-
 // A row that only reacts while badges are available.
 void reactOnlyWhenAvailable(TableViewCell* cell, bool available) {
-    dim(cell, !available);
+    cell->setDimmed(!available);
     cell->setUserInteractionEnabled(available);
+}
+
+// A slider is called by its row: "Alpha: 40%", "Border Width".
+QString sliderName(QString rowText) {
+    if (rowText.endsWith(':'))
+        rowText.chop(1);
+    return rowText;
 }
 
 QSizeF cellSize(const TableViewCell* cell) {
@@ -179,6 +179,7 @@ TableViewCell* PomwickPreferencesViewController::enabledCell() {
     auto* toggle = new Switch(cell);
     toggle->setOnTintColor(Qt::black);
     toggle->setOn(getEnabled(), false);
+    toggle->setAccessibleName("Enabled");
     setFrame(toggle, RowGeometry::switchFrame(cellSize(cell), QSizeF(Switch::size)));
     connect(toggle, &Switch::valueChanged, this, [this, toggle] { switchValueChanged(toggle); });
     return cell;
@@ -192,10 +193,11 @@ TableViewCell* PomwickPreferencesViewController::visibilityCell() {
     control->setSelectedSegmentIndex(getBadgeVisible() ? 1 : 0);
     control->setEnabled(enabled);
     control->setTintColor(Qt::black);
+    control->setAccessibleName("Visibility");
     setFrame(control, RowGeometry::segmentedControlFrame(cellSize(cell)));
     connect(control, &SegmentedControl::valueChanged, this,
             [this, control] { controlValueChanged(control); });
-    dim(cell, !enabled);
+    cell->setDimmed(!enabled);
     cell->setUserInteractionEnabled(enabled);
     return cell;
 }
@@ -207,15 +209,17 @@ TableViewCell* PomwickPreferencesViewController::textCell(bool available) {
     field->setText(QString::fromStdString(getBadgeTextFieldText()));
     field->setPlaceholderText("Badge Text");
     field->setDelegate(this);
+    field->setAccessibleName("Badge text");
     field->setEnabled(available);
     auto* info = new ImageButton(bundleIcon("Info.png"), QSize(20, 20), field);
+    info->setAccessibleName("Tip");
     connect(info, &ImageButton::clicked, this, [this] { infoButtonClicked(); });
     field->setRightView(info);
     const qreal textWidth = sizeWithAttributes("Text:", cell->textLabel()->font()).width();
     setFrame(field, RowGeometry::textFieldFrame(cellSize(cell), textWidth,
                                                 TableViewCell::indentationWidth));
     badgeTextTextField_ = field;
-    dim(cell, !available);
+    cell->setDimmed(!available);
     return cell;
 }
 
@@ -241,6 +245,7 @@ TableViewCell* PomwickPreferencesViewController::sliderCell(
     slider->setMaximumValue(maximum);
     slider->setValue(value, true);
     slider->setEnabled(available);
+    slider->setAccessibleName(sliderName(text));
     const qreal textWidth = sizeWithAttributes(measuredText, cell->textLabel()->font()).width();
     const qreal iconWidth = cell->imageView()->isHidden() ? 0 : cell->imageView()->width();
     setFrame(slider,

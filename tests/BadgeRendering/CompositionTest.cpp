@@ -65,7 +65,17 @@ TEST_F(Composition, TheBadgeIs24PointsHighAtTheStoredLocation) {
     EXPECT_EQ(compose().frame->topLeft(), QPointF(70, 60));
 }
 
-TEST_F(Composition, SwitchedOffShowsTheStockBadgeOnTheTopRightCorner) {
+TEST_F(Composition, TheOpacityFadesTheTextNotTheBackground) {
+    const QImage opaque = composedWithText("88");
+    setPreferencesObjectKey("0.000000", SettingsKey::badgeAlpha);
+    const QImage faded = compose().image;
+    EXPECT_NE(faded, opaque);
+    // Only the red background is left, fully opaque.
+    for (const QPoint pixel : {QPoint(2, 24), QPoint(faded.width() / 2, faded.height() / 2)})
+        EXPECT_EQ(faded.pixelColor(pixel), QColor(Qt::red));
+}
+
+TEST_F(Composition, SwitchedOffShowsTheStockBadgeOnTheTopRightCornerAndHiddenNone) {
     setPreferencesObjectKey("0", SettingsKey::enabled);
     setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
     setPreferencesObjectKey("0.500000,0.500000", SettingsKey::badgeLocation);
@@ -74,10 +84,8 @@ TEST_F(Composition, SwitchedOffShowsTheStockBadgeOnTheTopRightCorner) {
     EXPECT_EQ(*stock.frame, QRectF(40 + 60 - 12, 75 - 12, 24, 24));
     EXPECT_EQ(pointSize(stock.image), QSizeF(24, 24));
     EXPECT_EQ(stock.image.pixelColor(24, 24), QColor(Qt::blue));
-}
 
-TEST_F(Composition, HiddenBadgeShowsNothingAndKeepsTheFrame) {
-    setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
+    setPreferencesObjectKey("1", SettingsKey::enabled);
     const PreviewBadge hidden = compose();
     EXPECT_TRUE(hidden.image.isNull());
     EXPECT_FALSE(hidden.frame);

@@ -81,11 +81,26 @@ TEST_F(RowControls, TypingStoresEveryEditAndReturnStoresItTrimmed) {
     EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "Hi");
     EXPECT_EQ(field()->text(), "Hi");
 
+    // A character typed again after a run of the same is stored once more, not lost or doubled.
     field()->setFocus();
     field()->selectAll();
-    QTest::keyClicks(field(), "   ");
-    QTest::keyClick(field(), Qt::Key_Return);
-    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "");
+    QTest::keyClicks(field(), "Hi!!");
+    QTest::keyClicks(field(), "!");
+    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "Hi!!!");
+
+    // Return trims every Unicode space and the tab, and nothing else.
+    const std::pair<QString, QString> trimmed[] = {
+        {"   ", ""},
+        {QString::fromUtf8("\t\u00A0\u3000Hi\u2003 \u202F"), "Hi"},
+        {QString::fromUtf8("\u200BHi\n"), QString::fromUtf8("\u200BHi\n")},
+    };
+    for (const auto& [typed, kept] : trimmed) {
+        field()->setFocus();
+        field()->selectAll();
+        field()->insert(typed);
+        QTest::keyClick(field(), Qt::Key_Return);
+        EXPECT_EQ(QString::fromStdString(stored("BADGE_TEXT_FIELD_TEXT")), kept);
+    }
 }
 
 TEST_F(RowControls, AnyTextIsStoredAndShownWithoutLoss) {
@@ -93,7 +108,7 @@ TEST_F(RowControls, AnyTextIsStoredAndShownWithoutLoss) {
         QString::fromUtf8("\xF0\x9F\x98\x80 @ \xF0\x9F\x91\x8D\xF0\x9F\x8F\xBD"),
         QString::fromUtf8(
             "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D @ \xD9\x85\xD8\xB1\xD8\xAD\xD8\xA8\xD8\xA7"),
-        QString(10000, 'x') + "@",
+        QString(40000, 'x') + "@",
         QString("a\tb\x01"
                 "c\x1b"
                 "d"),

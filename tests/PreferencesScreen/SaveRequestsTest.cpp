@@ -1,5 +1,6 @@
 #include "ScreenFixture.h"
 #include "Slider.h"
+#include "Switch.h"
 
 #include <QProcess>
 #include <QTest>
@@ -71,6 +72,10 @@ TEST_F(SaveRequests, OnePerSectionPerReloadOneMorePerRebuildAndOnePerRelease) {
     QTest::mouseMove(border, QPoint(60, 15));
     QTest::mouseRelease(border, Qt::LeftButton, {}, QPoint(60, 400));
     EXPECT_EQ(requests(11), 11);
+
+    // The switch rebuilds once: four for the sections and one of its own.
+    QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
+    EXPECT_EQ(requests(17), 16);
 }
 
 TEST_F(SaveRequests, ABurstOfRefreshMessagesCostsOneRefreshPerTurnAndASingleOneStillCountsOnce) {

@@ -7,6 +7,9 @@
 #include "TextDrawing.h"
 #include "ViewGeometry.h"
 
+#include <QAccessible>
+#include <QAccessibleInterface>
+
 using namespace pomwick;
 using Table = pomwick::test::ScreenFixture;
 
@@ -32,20 +35,22 @@ TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
         {"Contact Us", "Follow on Twitter", "View My Other Tweaks", "Donate"},
     };
     const QString titles[] = {"Enabled", "Badge", "Reset", "Contact Us / Donate"};
-    int reuse = 1;
     for (int section = 0; section < 4; ++section) {
         EXPECT_EQ(screen->titleForHeaderInSection(screen->table(), section), titles[section]);
         EXPECT_EQ(screen->viewForFooterInSection(screen->table(), section) != nullptr,
                   section == 3);
         for (int row = 0; row < expected[section].size(); ++row) {
             EXPECT_EQ(text(section, row), expected[section][row]);
-            EXPECT_EQ(cell(section, row)->reuseIdentifier(), QString("Cell%1").arg(reuse++));
             EXPECT_FALSE(isDimmed(cell(section, row)));
             EXPECT_TRUE(cell(section, row)->isUserInteractionEnabled());
         }
     }
-    EXPECT_EQ(screen->table()->cellForRowAtIndexPath({4, 0}), nullptr);
-    EXPECT_EQ(screen->numberOfRowsInSection(screen->table(), 7), 0);
+    QStringList shownTitles;
+    for (const QLabel* label :
+         screen->table()->widget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly))
+        shownTitles << label->text();
+    EXPECT_EQ(shownTitles, (QStringList{"ENABLED", "BADGE", "RESET", "CONTACT US / DONATE"}));
+    EXPECT_EQ(frame(screen->table()), bounds(screen->view()));
 
     EXPECT_TRUE(control<Switch>(0, 0)->isOn());
     EXPECT_EQ(control<SegmentedControl>(1, 0)->selectedSegmentIndex(), 1);
@@ -137,4 +142,44 @@ TEST_F(Table, HeaderIsSizedFromTheReportedIconSize) {
     open();
     EXPECT_EQ(screen->iconSize(), 0);
     EXPECT_EQ(frame(screen->tableHeaderView()).height(), 30);
+}
+
+TEST_F(Table, ScreenReadersHearEveryControlRowAndThePreview) {
+    setPreferencesObjectKey("0.400000", SettingsKey::badgeAlpha);
+    open();
+    struct Heard {
+        QWidget* widget;
+        QAccessible::Role role;
+        QString name;
+        QString value;
+    };
+    const Heard expected[] = {
+        {control<Switch>(0, 0), QAccessible::CheckBox, "Enabled", "on"},
+        {control<Slider>(1, 7), QAccessible::Slider, "Alpha: 40%", "0.4"},
+        {control<Slider>(1, 6), QAccessible::Slider, "Border Width", "1.2"},
+        {control<SegmentedControl>(1, 0)->segment(0), QAccessible::RadioButton, "Hide", ""},
+        {control<TextField>(1, 1), QAccessible::EditableText, "Badge text", ""},
+        {control<TextField>(1, 1)->rightView(), QAccessible::Button, "Tip", ""},
+        {cell(1, 2), QAccessible::ListItem, "Font: Verdana", ""},
+        {cell(3, 3), QAccessible::ListItem, "Donate", ""},
+        {screen->iconImageView(), QAccessible::Graphic, "Badge preview: 1 on a sample icon", ""},
+    };
+    for (const Heard& heard : expected) {
+        QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(heard.widget);
+        ASSERT_NE(reader, nullptr) << heard.name.toStdString();
+        EXPECT_EQ(reader->role(), heard.role) << heard.name.toStdString();
+        EXPECT_EQ(reader->text(QAccessible::Name), heard.name);
+        EXPECT_EQ(reader->text(QAccessible::Value), heard.value) << heard.name.toStdString();
+    }
+
+    setPreferencesObjectKey("Hi @", SettingsKey::badgeTextFieldText);
+    setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
+    screen->reloadTableData();
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(cell(1, 2))->state().disabled);
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(cell(1, 0))->state().disabled);
+    EXPECT_EQ(screen->iconImageView()->accessibleName(),
+              "Badge preview: a sample icon without a badge");
+    setPreferencesObjectKey("TRUE", SettingsKey::badgeVisible);
+    screen->reloadTableData();
+    EXPECT_EQ(screen->iconImageView()->accessibleName(), "Badge preview: Hi 1 on a sample icon");
 }

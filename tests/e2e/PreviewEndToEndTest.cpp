@@ -46,11 +46,6 @@ protected:
     test::TemporaryDeviceRoot root;
 };
 
-// The badge's frame in the preview picture, as the header would place it (60-point icon, 24 in).
-QRectF expectedBadgeFrame() {
-    return *composePreviewBadge(QRectF(24, 24, 60, 60), 60).frame;
-}
-
 } // namespace
 
 TEST_F(PreviewEndToEnd, ShowsTheStoredTextAtTheStoredLocationAsTheScreenComposesIt) {
@@ -67,36 +62,6 @@ TEST_F(PreviewEndToEnd, ShowsTheStoredTextAtTheStoredLocationAsTheScreenComposes
     composed.setDevicePixelRatio(1);
     EXPECT_EQ(atSigns.convertToFormat(QImage::Format_ARGB32_Premultiplied),
               composed.convertToFormat(QImage::Format_ARGB32_Premultiplied));
-
-    // "@@" is shown as "11".
-    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", "11"}).status, 0);
-    EXPECT_EQ(preview("ones.png"), atSigns);
-
-    // The badge's blue background lies at the stored location: 0.6 and -0.15 of the icon.
-    const QRectF frame = expectedBadgeFrame();
-    EXPECT_NEAR(frame.left(), 24 + 36, 1e-4);
-    EXPECT_NEAR(frame.top(), 24 - 9, 1e-4);
-    const QColor insideLeftEdge =
-        atSigns.pixelColor(int(frame.left() + 3), int(frame.center().y()));
-    EXPECT_GT(insideLeftEdge.blue(), 200);
-    EXPECT_LT(insideLeftEdge.red(), 60);
-}
-
-TEST_F(PreviewEndToEnd, SwitchedOffShowsTheStockBadgeOnTheIconsTopRightCorner) {
-    test::RendererProcess renderer;
-    ASSERT_TRUE(renderer.waitUntilServing());
-    ASSERT_EQ(defaults({"write", "ENABLED", "0"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "0.100000,0.800000"}).status, 0);
-    const QImage off = preview("off.png");
-    ASSERT_FALSE(off.isNull());
-    // Centred on the corner (24 + 60, 24): a red stock badge there, the icon's orange below it.
-    const QColor centre = off.pixelColor(24 + 60 - 4, 24 + 2);
-    EXPECT_GT(centre.red(), 200);
-    EXPECT_LT(centre.green(), 120);
-    // 24 points across, centred on the corner, whatever location is stored.
-    EXPECT_EQ(off.pixelColor(24 + 60, 24 - 10).alpha(), 255);
-    EXPECT_EQ(off.pixelColor(24 + 60 + 13, 24).alpha(), 0);
-    EXPECT_EQ(off.pixelColor(24 + 60, 24 - 13).alpha(), 0);
 }
 
 TEST_F(PreviewEndToEnd, WithoutARendererOrABusTheToolSaysWhatIsMissing) {

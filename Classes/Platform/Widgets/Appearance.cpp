@@ -1,6 +1,7 @@
 #include "Appearance.h"
 
 #include <QFontDatabase>
+#include <QPainter>
 #include <map>
 
 namespace pomwick::Appearance {
@@ -35,6 +36,16 @@ QFont systemFont(int points, QFont::Weight weight) {
         found = made.emplace(std::pair{points, int(weight)}, font).first;
     }
     return found->second;
+}
+
+void drawFocusRing(QPainter& painter, const QRectF& outline, qreal radius) {
+    painter.save();
+    painter.setOpacity(1);
+    painter.setPen(QPen(tint(), 2));
+    painter.setBrush(Qt::NoBrush);
+    const QRectF ring = outline.adjusted(1, 1, -1, -1);
+    painter.drawRoundedRect(ring, std::max<qreal>(0, radius - 1), std::max<qreal>(0, radius - 1));
+    painter.restore();
 }
 
 namespace {

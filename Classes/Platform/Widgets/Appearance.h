@@ -2,6 +2,9 @@
 
 #include <QColor>
 #include <QFont>
+#include <QRectF>
+
+class QPainter;
 
 namespace pomwick::Appearance {
 
@@ -14,6 +17,9 @@ QColor groupedBackground();
 QColor sectionHeaderText();
 QColor selectedCellBackground();
 QFont systemFont(int points, QFont::Weight weight = QFont::Normal);
+
+// The keyboard focus as every control shows it: a tinted ring just inside the given outline.
+void drawFocusRing(QPainter& painter, const QRectF& outline, qreal radius);
 
 // The process-wide tint of segmented controls, black once the settings screen has set it.
 QColor segmentedControlTint();

@@ -1,5 +1,7 @@
 #include "ImageButton.h"
 
+#include "Appearance.h"
+
 #include <QPainter>
 
 namespace pomwick {
@@ -7,7 +9,7 @@ namespace pomwick {
 ImageButton::ImageButton(const QImage& image, QSize size, QWidget* parent)
     : QAbstractButton(parent), image_(image) {
     setFixedSize(size);
-    setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
 }
 
@@ -17,6 +19,8 @@ void ImageButton::paintEvent(QPaintEvent*) {
     if (isDown())
         painter.setOpacity(0.4);
     painter.drawImage(QRectF(rect()), image_);
+    if (hasFocus())
+        Appearance::drawFocusRing(painter, QRectF(rect()), width() / 2.0);
 }
 
 } // namespace pomwick

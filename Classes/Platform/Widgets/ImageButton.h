@@ -5,7 +5,8 @@
 
 namespace pomwick {
 
-// A button that is only its image, drawn at a size in points.
+// A button that is only its image, drawn at a size in points. Its accessible name is for the
+// caller to give: the image says nothing to a screen reader.
 class ImageButton : public QAbstractButton {
     Q_OBJECT
 public:

@@ -29,8 +29,9 @@ QPushButton* barButton(QWidget* parent) {
     button->setCursor(Qt::PointingHandCursor);
     button->setFont(Appearance::systemFont(17));
     button->setStyleSheet(
-        QString("QPushButton { color: %1; border: none; padding: 0 8px; "
-                "background: transparent; } QPushButton:pressed { color: %2; }")
+        QString("QPushButton { color: %1; border: 2px solid transparent; border-radius: 6px; "
+                "padding: 0 6px; background: transparent; } QPushButton:pressed { color: %2; } "
+                "QPushButton:focus { border-color: %1; }")
             .arg(Appearance::tint().name(), Appearance::tint().lighter(160).name()));
     return button;
 }
@@ -59,13 +60,12 @@ NavigationController::NavigationController(ViewController* root, QSize size, QWi
     pushViewController(root, false);
 }
 
-NavigationController::~NavigationController() {
-    for (ViewController* controller : stack_)
-        delete controller;
-}
+// The controllers are children: they go with the stack, and with them whatever they connected.
+NavigationController::~NavigationController() = default;
 
 void NavigationController::pushViewController(ViewController* controller, bool animated) {
     ViewController* previous = topViewController();
+    controller->setParent(this);
     controller->navigation_ = this;
     controller->setInitialViewSize(QSize(width(), std::max(0, height() - barHeight)));
     QWidget* view = controller->view();
@@ -145,6 +145,10 @@ void NavigationController::showEvent(QShowEvent* event) {
     if (appeared_)
         return;
     appeared_ = true;
+    // The window opens with the focus on itself, not on its first button: no ring until the
+    // first Tab, which goes to the back button.
+    if (focusWidget() == nullptr)
+        setFocus(Qt::OtherFocusReason);
     if (ViewController* top = topViewController()) {
         top->viewWillAppear(false);
         top->viewDidAppear(false);

@@ -14,9 +14,17 @@ constexpr qreal thumbDiameter = 28;
 constexpr qreal releaseSlop = 70;
 } // namespace
 
-Slider::Slider(QWidget* parent) : QWidget(parent) {
+Slider::Slider(QWidget* parent) : QAbstractSlider(parent) {
+    setOrientation(Qt::Horizontal);
+    setRange(0, steps);
+    setSingleStep(1);
+    setPageStep(steps / 10);
+    setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
     resize(200, int(height));
+    connect(this, &QAbstractSlider::valueChanged, this, &Slider::stepped);
+    connect(this, &QAbstractSlider::sliderReleased, this,
+            [this] { emit releasedInside_ ? touchUpInside() : touchUpOutside(); });
 }
 
 float Slider::clamped(float value) const {
@@ -25,27 +33,50 @@ float Slider::clamped(float value) const {
     return std::clamp(value, minimum_, std::max(minimum_, maximum_));
 }
 
+// The float value is the truth; Qt's integer position follows it for keys and assistive tools.
+void Slider::assign(float value) {
+    const float next = clamped(value);
+    const bool changed = next != value_;
+    value_ = next;
+    const float range = maximum_ - minimum_;
+    assigning_ = true;
+    QAbstractSlider::setValue(range > 0 ? int(std::lround((value_ - minimum_) / range * steps))
+                                        : 0);
+    assigning_ = false;
+    if (!changed)
+        return;
+    update();
+    emit floatValueChanged(value_);
+}
+
+void Slider::stepped(int position) {
+    if (assigning_ || isSliderDown())
+        return;
+    const float next = clamped(minimum_ + float(position) / steps * (maximum_ - minimum_));
+    if (next == value_)
+        return;
+    assign(next);
+    emit valueChanged();
+    emit touchUpInside();
+}
+
 void Slider::setMinimumValue(float minimum) {
     minimum_ = minimum;
-    value_ = clamped(value_);
+    assign(value_);
     update();
 }
 
 void Slider::setMaximumValue(float maximum) {
     maximum_ = maximum;
-    value_ = clamped(value_);
+    assign(value_);
     update();
 }
 
 void Slider::setValue(float value, bool /*animated*/) {
-    const float next = clamped(value);
-    if (next == value_)
-        return;
-    value_ = next;
-    update();
+    assign(value);
 }
 
-qreal Slider::thumbCentre() const {
+qreal Slider::thumbCenter() const {
     const qreal span = width() - thumbDiameter;
     const float range = maximum_ - minimum_;
     const qreal fraction = range > 0 ? (value_ - minimum_) / range : 0;
@@ -62,8 +93,7 @@ void Slider::track(qreal x) {
     const float next = valueAt(x);
     if (next == value_)
         return;
-    value_ = next;
-    update();
+    assign(next);
     emit valueChanged();
 }
 
@@ -73,43 +103,46 @@ void Slider::paintEvent(QPaintEvent*) {
     if (!isEnabled())
         painter.setOpacity(0.45);
     const qreal middle = height / 2;
-    const qreal centre = thumbCentre();
+    const qreal center = thumbCenter();
     painter.setPen(Qt::NoPen);
     painter.setBrush(Appearance::tint());
-    painter.drawRoundedRect(QRectF(2, middle - 1.5, centre - 2, 3), 1.5, 1.5);
+    painter.drawRoundedRect(QRectF(2, middle - 1.5, center - 2, 3), 1.5, 1.5);
     painter.setBrush(QColor(182, 182, 182));
-    painter.drawRoundedRect(QRectF(centre, middle - 1.5, width() - centre - 2, 3), 1.5, 1.5);
-    const QRectF thumb(centre - thumbDiameter / 2, middle - thumbDiameter / 2, thumbDiameter,
+    painter.drawRoundedRect(QRectF(center, middle - 1.5, width() - center - 2, 3), 1.5, 1.5);
+    const QRectF thumb(center - thumbDiameter / 2, middle - thumbDiameter / 2, thumbDiameter,
                        thumbDiameter);
     painter.setBrush(QColor(0, 0, 0, 35));
     painter.drawEllipse(thumb.translated(0, 2));
     painter.setBrush(Qt::white);
     painter.setPen(QPen(QColor(0, 0, 0, 30), 0.5));
     painter.drawEllipse(thumb);
+    if (hasFocus())
+        Appearance::drawFocusRing(painter, thumb.adjusted(-1, -1, 1, 1), thumbDiameter / 2 + 1);
 }
 
 void Slider::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
-    tracking_ = true;
+    setSliderDown(true);
     track(event->position().x());
 }
 
 void Slider::mouseMoveEvent(QMouseEvent* event) {
-    if (tracking_)
+    if (isSliderDown())
         track(event->position().x());
 }
 
 void Slider::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !tracking_)
+    if (event->button() != Qt::LeftButton || !isSliderDown())
         return;
-    tracking_ = false;
     const QRectF inside =
         QRectF(rect()).adjusted(-releaseSlop, -releaseSlop, releaseSlop, releaseSlop);
-    if (inside.contains(event->position()))
-        emit touchUpInside();
-    else
-        emit touchUpOutside();
+    releasedInside_ = inside.contains(event->position());
+    setSliderDown(false);
+}
+
+void Slider::wheelEvent(QWheelEvent* event) {
+    event->ignore();
 }
 
 } // namespace pomwick

@@ -1,12 +1,14 @@
 #include "Switch.h"
 
+#include "Appearance.h"
+
 #include <QPainter>
 
 namespace pomwick {
 
 Switch::Switch(QWidget* parent) : QAbstractButton(parent) {
     setCheckable(true);
-    setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
     resize(size);
     connect(this, &QAbstractButton::clicked, this, &Switch::valueChanged);
@@ -17,6 +19,8 @@ void Switch::setOn(bool on, bool /*animated*/) {
 }
 
 void Switch::setOnTintColor(const QColor& colour) {
+    if (colour == onTint_)
+        return;
     onTint_ = colour;
     update();
 }
@@ -40,6 +44,8 @@ void Switch::paintEvent(QPaintEvent*) {
     painter.setBrush(Qt::white);
     painter.setPen(QPen(QColor(0, 0, 0, 25), 0.5));
     painter.drawEllipse(thumb);
+    if (hasFocus())
+        Appearance::drawFocusRing(painter, track, radius);
 }
 
 } // namespace pomwick

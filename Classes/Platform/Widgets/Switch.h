@@ -5,7 +5,9 @@
 
 namespace pomwick {
 
-// The on/off switch, 51 x 31 points. valueChanged comes from the user's toggles only.
+// The on/off switch, 51 x 31 points: a checkable button, so Tab, Space and screen readers work
+// as for any check box. Its value is the button's `checked` property (toggled on every change);
+// valueChanged comes from the user's toggles only.
 class Switch : public QAbstractButton {
     Q_OBJECT
 public:
@@ -14,7 +16,7 @@ public:
     explicit Switch(QWidget* parent = nullptr);
 
     bool isOn() const { return isChecked(); }
-    void setOn(bool on, bool animated);
+    void setOn(bool on, bool animated = false);
     void setOnTintColor(const QColor& colour);
 
     QSize sizeHint() const override { return size; }

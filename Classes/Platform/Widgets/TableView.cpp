@@ -40,6 +40,8 @@ TableView::TableView(QWidget* parent) : QScrollArea(parent), content_(new Groupe
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // Rows span the whole width, as on the phone; the wheel and the keyboard still scroll.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Tab goes to the rows and their controls, and scrolls to each; the list is no stop itself.
+    setFocusPolicy(Qt::NoFocus);
     setWidget(content_);
     setWidgetResizable(false);
 }
@@ -81,9 +83,43 @@ void TableView::clear() {
     selected_.reset();
 }
 
+std::optional<TableView::FocusPlace> TableView::focusPlace() const {
+    QWidget* focused = QApplication::focusWidget();
+    if (focused == nullptr || !content_->isAncestorOf(focused))
+        return std::nullopt;
+    for (size_t section = 0; section < sections_.size(); ++section) {
+        const auto& cells = sections_[section].cells;
+        for (size_t row = 0; row < cells.size(); ++row) {
+            TableViewCell* cell = cells[row];
+            if (cell == nullptr || (cell != focused && !cell->isAncestorOf(focused)))
+                continue;
+            const IndexPath path{int(section), int(row)};
+            return FocusPlace{path, cell->findChildren<QWidget*>().indexOf(focused)};
+        }
+    }
+    return std::nullopt;
+}
+
+// The rebuilt row has the same widgets in the same order.
+void TableView::restoreFocus(const FocusPlace& place) {
+    TableViewCell* cell = cellForRowAtIndexPath(place.row);
+    if (cell == nullptr)
+        return;
+    QWidget* target = cell;
+    if (place.widget >= 0) {
+        const QList<QWidget*> widgets = cell->findChildren<QWidget*>();
+        if (place.widget >= widgets.size())
+            return;
+        target = widgets[place.widget];
+    }
+    if (target->isEnabled() && (target->focusPolicy() & Qt::TabFocus) != 0)
+        target->setFocus(Qt::OtherFocusReason);
+}
+
 void TableView::reloadData() {
+    const std::optional<FocusPlace> focused = focusPlace();
     clear();
-    if (dataSource_ == nullptr)
+    if (!dataSource_)
         return;
     const int count = dataSource_->numberOfSectionsInTableView(this);
     for (int section = 0; section < count; ++section) {
@@ -120,6 +156,8 @@ void TableView::reloadData() {
         if (section.footer)
             section.footer->show();
     }
+    if (focused)
+        restoreFocus(*focused);
 }
 
 void TableView::layoutRows() {
@@ -172,7 +210,7 @@ void TableView::selectRowAtIndexPath(IndexPath indexPath) {
     selected_ = indexPath;
     if (TableViewCell* cell = cellForRowAtIndexPath(indexPath))
         cell->setHighlighted(true);
-    if (dataSource_ != nullptr)
+    if (dataSource_)
         dataSource_->didSelectRowAtIndexPath(this, indexPath);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TableViewCell.h"
+#include "WeakInterface.h"
 
 #include <QPointer>
 #include <QScrollArea>
@@ -12,7 +13,7 @@ namespace pomwick {
 class TableView;
 
 // What the table asks of its data source and tells its delegate (one object here). The table
-// does not own it: its owner owns the table.
+// does not own it and holds it weakly: its owner owns the table.
 class TableViewDataSource {
 public:
     virtual ~TableViewDataSource() = default;
@@ -26,7 +27,8 @@ public:
 
 // A grouped table: a header view on top, then for every section a grey title, a white group of
 // rows with hairline separators, and an optional footer view. Every reload asks the data source
-// for the number of sections once and for each section's rows once, and builds every cell anew.
+// for the number of sections once and for each section's rows once, and builds every cell anew;
+// the focus stays on the same control of the same row, and the scroll position where it was.
 class TableView : public QScrollArea {
     Q_OBJECT
 public:
@@ -58,10 +60,17 @@ private:
         std::vector<QPointer<TableViewCell>> cells;
         QPointer<QWidget> footer;
     };
+    // Where the keyboard focus is: a row, and which of its widgets (-1: the row itself).
+    struct FocusPlace {
+        IndexPath row;
+        qsizetype widget = -1;
+    };
     void layoutRows();
     void clear();
+    std::optional<FocusPlace> focusPlace() const;
+    void restoreFocus(const FocusPlace& place);
 
-    TableViewDataSource* dataSource_ = nullptr;
+    WeakInterface<TableViewDataSource> dataSource_;
     QWidget* content_;
     QPointer<QWidget> header_;
     std::vector<Section> sections_;

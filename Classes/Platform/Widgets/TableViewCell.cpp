@@ -3,7 +3,7 @@
 #include "Appearance.h"
 #include "ViewGeometry.h"
 
-#include <QMouseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
 
@@ -18,6 +18,19 @@ TableViewCell::TableViewCell(QString reuseIdentifier, QSizeF size)
     imageView_->hide();
     setFrame(this, QRectF(QPointF(0, 0), size));
     layoutContent();
+    updateFocusPolicy();
+    connect(this, &QAbstractButton::clicked, this, &TableViewCell::tapped);
+}
+
+// Rows without a highlight carry a control, which takes the focus instead.
+void TableViewCell::updateFocusPolicy() {
+    const bool focusable = interactionEnabled_ && selectionStyle_ != SelectionStyle::None;
+    setFocusPolicy(focusable ? Qt::TabFocus : Qt::NoFocus);
+}
+
+void TableViewCell::setSelectionStyle(SelectionStyle style) {
+    selectionStyle_ = style;
+    updateFocusPolicy();
 }
 
 void TableViewCell::setImage(const QImage& image) {
@@ -33,9 +46,18 @@ void TableViewCell::setImage(const QImage& image) {
     layoutContent();
 }
 
+void TableViewCell::setDimmed(bool dimmed) {
+    // The label and the icon, not the row: its white background stays.
+    constexpr qreal faded = 0.6;
+    dimmed_ = dimmed;
+    setAlpha(textLabel_, dimmed ? faded : 1.0);
+    setAlpha(imageView_, dimmed ? faded : 1.0);
+}
+
 void TableViewCell::setUserInteractionEnabled(bool enabled) {
     interactionEnabled_ = enabled;
     setAttribute(Qt::WA_TransparentForMouseEvents, !enabled);
+    updateFocusPolicy();
 }
 
 void TableViewCell::setHighlighted(bool highlighted) {
@@ -60,11 +82,13 @@ void TableViewCell::layoutContent() {
 
 void TableViewCell::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(),
-                     highlighted_ ? Appearance::selectedCellBackground() : QColor(Qt::white));
+    const bool lit = (highlighted_ || isDown()) && selectionStyle_ != SelectionStyle::None;
+    painter.fillRect(rect(), lit ? Appearance::selectedCellBackground() : QColor(Qt::white));
     if (separatorInset_)
         painter.fillRect(QRectF(*separatorInset_, height() - 0.5, width() - *separatorInset_, 0.5),
                          Appearance::hairline());
+    if (hasFocus())
+        Appearance::drawFocusRing(painter, QRectF(rect()), 4);
 }
 
 void TableViewCell::resizeEvent(QResizeEvent* event) {
@@ -72,18 +96,12 @@ void TableViewCell::resizeEvent(QResizeEvent* event) {
     layoutContent();
 }
 
-void TableViewCell::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton)
-        setHighlighted(true);
-}
-
-void TableViewCell::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton)
+void TableViewCell::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        animateClick();
         return;
-    if (rect().contains(event->position().toPoint()))
-        emit tapped();
-    else
-        setHighlighted(false);
+    }
+    QAbstractButton::keyPressEvent(event);
 }
 
 } // namespace pomwick

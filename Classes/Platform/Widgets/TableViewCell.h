@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QImage>
 #include <QLabel>
 #include <QSizeF>
@@ -16,8 +17,9 @@ struct IndexPath {
 
 // A row of the default style: an icon on the left and a one-line label beside it. Controls that
 // the screen adds are placed at frames it computes from the cell's size, which the table gives
-// every cell when it is made: its width and the row height of 44 points.
-class TableViewCell : public QWidget {
+// every cell when it is made: its width and the row height of 44 points. A row is a button: a
+// tap, Space or Return on it is a click, and a row that can be selected takes the focus by Tab.
+class TableViewCell : public QAbstractButton {
     Q_OBJECT
 public:
     enum class SelectionStyle { None, Default };
@@ -31,9 +33,13 @@ public:
     QLabel* imageView() const { return imageView_; }
     void setImage(const QImage& image);
 
-    void setSelectionStyle(SelectionStyle style) { selectionStyle_ = style; }
+    void setSelectionStyle(SelectionStyle style);
     SelectionStyle selectionStyle() const { return selectionStyle_; }
+    // A dimmed row's label and icon are faded; assistive tools hear it is unavailable.
+    void setDimmed(bool dimmed);
+    bool isDimmed() const { return dimmed_; }
     // A cell that does not react ignores touches, its controls included.
+    // It is then unavailable to assistive tools too.
     void setUserInteractionEnabled(bool enabled);
     bool isUserInteractionEnabled() const { return interactionEnabled_; }
     void setHighlighted(bool highlighted);
@@ -47,17 +53,18 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void layoutContent();
+    void updateFocusPolicy();
 
     QString reuseIdentifier_;
     QLabel* imageView_;
     QLabel* textLabel_;
     SelectionStyle selectionStyle_ = SelectionStyle::Default;
     bool interactionEnabled_ = true;
+    bool dimmed_ = false;
     bool highlighted_ = false;
     std::optional<qreal> separatorInset_;
 };

@@ -2,34 +2,12 @@
 
 #include "Appearance.h"
 
+#include <QApplication>
 #include <QFocusEvent>
-#include <QValidator>
+#include <limits>
+#include <utility>
 
 namespace pomwick {
-namespace {
-
-// Every edit of a line edit passes its validator before it is applied: the place to ask.
-class EditGate : public QValidator {
-public:
-    explicit EditGate(TextField* field) : QValidator(field), field_(field) {}
-
-    // The line edit has already applied the edit when it asks: compare with the text as it
-    // stood before, and a refusal makes it undo the edit.
-    State validate(QString& proposed, int&) const override {
-        const QString current = field_->acceptedText();
-        if (proposed == current || field_->delegate() == nullptr || field_->isSettingText())
-            return Acceptable;
-        const auto [range, replacement] = TextField::editBetween(current, proposed);
-        return field_->delegate()->shouldChangeCharactersInRange(field_, range, replacement)
-                   ? Acceptable
-                   : Invalid;
-    }
-
-private:
-    TextField* field_;
-};
-
-} // namespace
 
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {
     setFrame(false);
@@ -37,11 +15,11 @@ TextField::TextField(QWidget* parent) : QLineEdit(parent) {
     QPalette clear = palette();
     clear.setColor(QPalette::Base, Qt::transparent);
     setPalette(clear);
-    setValidator(new EditGate(this));
-    connect(this, &QLineEdit::textChanged, this,
-            [this](const QString& text) { acceptedText_ = text; });
+    // The stored text has no limit, so the field has none (a line edit's default is 32,767).
+    setMaxLength(std::numeric_limits<int>::max());
+    connect(this, &QLineEdit::textEdited, this, &TextField::askAboutEdit);
     connect(this, &QLineEdit::returnPressed, this, [this] {
-        if (delegate_ != nullptr)
+        if (delegate_)
             delegate_->textFieldShouldReturn(this);
     });
 }
@@ -60,10 +38,28 @@ std::pair<TextRange, QString> TextField::editBetween(const QString& current,
     return {range, proposed.mid(prefix, proposed.size() - prefix - suffix)};
 }
 
+// Every edit by the user (typing, deleting, pasting, input methods, undo) ends here, applied but
+// not yet painted: a refused one is taken back before anyone sees it.
+void TextField::askAboutEdit(const QString& proposed) {
+    if (proposed == acceptedText_)
+        return;
+    const auto [range, replacement] = editBetween(acceptedText_, proposed);
+    if (!delegate_ || delegate_->shouldChangeCharactersInRange(this, range, replacement)) {
+        acceptedText_ = proposed;
+        return;
+    }
+    QLineEdit::setText(acceptedText_);
+    setCursorPosition(range.location + range.length);
+}
+
 void TextField::setText(const QString& text) {
-    settingText_ = true;
+    acceptedText_ = text;
     QLineEdit::setText(text);
-    settingText_ = false;
+}
+
+void TextField::resignFirstResponder() {
+    editing_ = false;
+    clearFocus();
 }
 
 void TextField::setRightView(QWidget* view) {
@@ -82,8 +78,18 @@ void TextField::placeRightView() {
 
 void TextField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (delegate_ != nullptr)
+    if (!std::exchange(editing_, true) && delegate_)
         delegate_->textFieldDidBeginEditing(this);
+}
+
+// Editing goes on while another window is in front, a menu is open or the focus is on the
+// field's own right view; it ends when the focus goes elsewhere.
+void TextField::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const bool away =
+        event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
+    if (away && (rightView_ == nullptr || QApplication::focusWidget() != rightView_))
+        editing_ = false;
 }
 
 void TextField::resizeEvent(QResizeEvent* event) {

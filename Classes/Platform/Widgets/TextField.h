@@ -1,7 +1,10 @@
 #pragma once
 
+#include "WeakInterface.h"
+
 #include <QLineEdit>
 #include <QPointer>
+#include <utility>
 
 namespace pomwick {
 
@@ -18,6 +21,7 @@ struct TextRange {
 class TextFieldDelegate {
 public:
     virtual ~TextFieldDelegate() = default;
+    // When the field takes the focus to edit, not when it gets it back from another window.
     virtual void textFieldDidBeginEditing(TextField*) {}
     // Asked before every edit (typing, deleting, pasting, input methods); false refuses it.
     virtual bool shouldChangeCharactersInRange(TextField*, TextRange,
@@ -28,7 +32,7 @@ public:
 };
 
 // A one-line text field with a clear background, a placeholder and an optional view on its
-// right, that asks its delegate before each edit.
+// right, that asks its delegate about each edit before it is shown. The delegate is held weakly.
 class TextField : public QLineEdit {
     Q_OBJECT
 public:
@@ -37,14 +41,13 @@ public:
     void setDelegate(TextFieldDelegate* delegate) { delegate_ = delegate; }
     // Text set from code is not an edit: the delegate is not asked about it.
     void setText(const QString& text);
-    TextFieldDelegate* delegate() const { return delegate_; }
+    TextFieldDelegate* delegate() const { return delegate_.get(); }
     // Shown at the right at all times.
     void setRightView(QWidget* view);
     QWidget* rightView() const { return rightView_; }
-    void resignFirstResponder() { clearFocus(); }
+    void resignFirstResponder();
     // The text as it stood after the last edit that was allowed.
     QString acceptedText() const { return acceptedText_; }
-    bool isSettingText() const { return settingText_; }
 
     // The edit that turns the current text into `proposed`, as one range and its replacement.
     static std::pair<TextRange, QString> editBetween(const QString& current,
@@ -52,14 +55,16 @@ public:
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void placeRightView();
+    void askAboutEdit(const QString& proposed);
 
-    TextFieldDelegate* delegate_ = nullptr;
+    WeakInterface<TextFieldDelegate> delegate_;
     QPointer<QWidget> rightView_;
-    bool settingText_ = false;
+    bool editing_ = false;
     QString acceptedText_;
 };
 

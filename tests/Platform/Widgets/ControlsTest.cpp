@@ -2,36 +2,79 @@
 #include "Slider.h"
 #include "Switch.h"
 
+#include <QAccessible>
+#include <QAccessibleValueInterface>
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
 using namespace pomwick;
 
-TEST(Switch, OnlyTheUsersTogglesAreReported) {
+namespace {
+
+// Shows a control in a window of its own and gives it the keyboard focus.
+void focus(QWidget* control) {
+    control->window()->show();
+    QApplication::setActiveWindow(control->window());
+    control->setFocus(Qt::TabFocusReason);
+}
+
+} // namespace
+
+TEST(Switch, OnlyTheUsersTogglesAreReportedBySpaceOrClickAndByItsAction) {
     Switch toggle;
     QSignalSpy changes(&toggle, &Switch::valueChanged);
-    toggle.setOn(true, false);
-    EXPECT_TRUE(toggle.isOn());
+    QSignalSpy property(&toggle, &Switch::toggled);
+    toggle.setOn(true);
+    toggle.setOn(true);
+    EXPECT_EQ(property.count(), 1);
     EXPECT_EQ(changes.count(), 0);
     QTest::mouseClick(&toggle, Qt::LeftButton);
     EXPECT_FALSE(toggle.isOn());
-    EXPECT_EQ(changes.count(), 1);
+    focus(&toggle);
+    QTest::keyClick(&toggle, Qt::Key_Space);
+    EXPECT_TRUE(toggle.isOn());
+    EXPECT_EQ(changes.count(), 2);
+
+    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&toggle);
+    reader->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(reader->text(QAccessible::Value), "off");
+    EXPECT_EQ(changes.count(), 3);
 }
 
-TEST(SegmentedControl, ChoosingAnotherSegmentIsReportedOnce) {
+TEST(SegmentedControl, ChoosingAnotherSegmentByClickOrArrowIsReportedOnce) {
     SegmentedControl control({"Hide", "Show"});
     control.resize(100, 30);
     control.setSelectedSegmentIndex(1);
     QSignalSpy changes(&control, &SegmentedControl::valueChanged);
+    QSignalSpy property(&control, &SegmentedControl::selectedSegmentIndexChanged);
+    control.setSelectedSegmentIndex(1);
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(75, 15));
     EXPECT_EQ(changes.count(), 0);
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(25, 15));
     EXPECT_EQ(control.selectedSegmentIndex(), 0);
     EXPECT_EQ(changes.count(), 1);
+
+    focus(control.segment(0));
+    QTest::keyClick(control.segment(0), Qt::Key_Space);
+    EXPECT_EQ(changes.count(), 1);
+    QTest::keyClick(control.segment(0), Qt::Key_Right);
+    EXPECT_EQ(control.selectedSegmentIndex(), 1);
+    EXPECT_EQ(changes.count(), 2);
+    EXPECT_EQ(property.count(), 2);
+    // The focus follows the choice, and Tab enters the control at the selected segment.
+    EXPECT_TRUE(control.segment(1)->hasFocus());
+    control.segment(0)->setFocus(Qt::BacktabFocusReason);
+    EXPECT_TRUE(control.segment(1)->hasFocus());
+
     control.setEnabled(false);
-    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(75, 15));
-    EXPECT_EQ(control.selectedSegmentIndex(), 0);
+    QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(25, 15));
+    EXPECT_EQ(control.selectedSegmentIndex(), 1);
+    control.setSelectedSegmentIndex(-1);
+    control.setSelectedSegmentIndex(7);
+    EXPECT_EQ(control.selectedSegmentIndex(), -1);
+    EXPECT_EQ(property.count(), 3);
 }
 
 TEST(Slider, SettersClampQuietlyAndDraggingReportsEveryChange) {
@@ -40,11 +83,14 @@ TEST(Slider, SettersClampQuietlyAndDraggingReportsEveryChange) {
     slider.setMinimumValue(1);
     slider.setMaximumValue(2);
     QSignalSpy changes(&slider, &Slider::valueChanged);
+    QSignalSpy property(&slider, &Slider::floatValueChanged);
     slider.setValue(7, true);
     EXPECT_EQ(slider.value(), 2);
+    slider.setValue(2);
     slider.setValue(NAN, false);
     EXPECT_EQ(slider.value(), 1);
     EXPECT_EQ(changes.count(), 0);
+    EXPECT_EQ(property.count(), 2);
 
     QSignalSpy inside(&slider, &Slider::touchUpInside);
     QSignalSpy outside(&slider, &Slider::touchUpOutside);
@@ -53,6 +99,7 @@ TEST(Slider, SettersClampQuietlyAndDraggingReportsEveryChange) {
         QTest::mouseMove(&slider, QPoint(x, 15));
     EXPECT_GE(changes.count(), 9);
     EXPECT_FLOAT_EQ(slider.value(), 2);
+    EXPECT_EQ(inside.count(), 0);
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(214, 40));
     EXPECT_EQ(inside.count(), 1);
     EXPECT_EQ(outside.count(), 0);
@@ -61,4 +108,27 @@ TEST(Slider, SettersClampQuietlyAndDraggingReportsEveryChange) {
     EXPECT_NEAR(slider.value(), 1.5, 0.01);
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, QPoint(114, 300));
     EXPECT_EQ(outside.count(), 1);
+}
+
+TEST(Slider, EachKeyOrAssistiveStepIsAChangeAndARelease) {
+    Slider slider;
+    slider.resize(228, 31);
+    slider.setValue(0.4f);
+    QSignalSpy changes(&slider, &Slider::valueChanged);
+    QSignalSpy released(&slider, &Slider::touchUpInside);
+    focus(&slider);
+    QTest::keyClick(&slider, Qt::Key_Left);
+    EXPECT_FLOAT_EQ(slider.value(), 0.39f);
+    QTest::keyClick(&slider, Qt::Key_End);
+    EXPECT_FLOAT_EQ(slider.value(), 1);
+    EXPECT_EQ(changes.count(), 2);
+    EXPECT_EQ(released.count(), 2);
+
+    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&slider);
+    reader->valueInterface()->setCurrentValue(0.4);
+    EXPECT_FLOAT_EQ(slider.value(), 0.4f);
+    EXPECT_EQ(reader->text(QAccessible::Value), "0.4");
+    EXPECT_EQ(reader->valueInterface()->currentValue().toDouble(), 0.4);
+    EXPECT_EQ(changes.count(), 3);
+    EXPECT_EQ(released.count(), 3);
 }

@@ -2,7 +2,9 @@
 
 #include "ViewGeometry.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -34,19 +36,36 @@ public:
         cell->textLabel()->setText(QString("%1.%2").arg(path.section).arg(path.row));
         if (path.row == 1)
             cell->setUserInteractionEnabled(false);
+        if (path.section == 2 && path.row == 2) {
+            cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
+            (new QPushButton("Control", cell))->setFocusPolicy(Qt::TabFocus);
+        }
         return cell;
     }
     void didSelectRowAtIndexPath(TableView*, IndexPath path) override { selected.push_back(path); }
 };
 
-} // namespace
+// A 320 x 480 table over the counting source, loaded and shown.
+class Table : public testing::Test {
+protected:
+    void SetUp() override {
+        setFrame(&table, QRectF(0, 0, 320, 480));
+        table.setDataSource(&source);
+        table.reloadData();
+        table.show();
+    }
+    // The old rows go once the event loop runs, never under a signal that is still running.
+    void TearDown() override {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
-TEST(TableView, EveryReloadAsksEachSectionsRowCountOnceAndBuildsEveryCellAnew) {
     CountingSource source;
     TableView table;
-    setFrame(&table, QRectF(0, 0, 320, 480));
-    table.setDataSource(&source);
-    table.reloadData();
+};
+
+} // namespace
+
+TEST_F(Table, EveryReloadAsksEachSectionsRowCountOnceAndBuildsEveryCellAnew) {
     TableViewCell* before = table.cellForRowAtIndexPath({2, 2});
     ASSERT_NE(before, nullptr);
     table.reloadData();
@@ -56,18 +75,9 @@ TEST(TableView, EveryReloadAsksEachSectionsRowCountOnceAndBuildsEveryCellAnew) {
     EXPECT_EQ(table.cellForRowAtIndexPath({2, 2})->textLabel()->text(), "2.2");
     EXPECT_EQ(table.cellForRowAtIndexPath({1, 0}), nullptr);
     EXPECT_EQ(frame(table.cellForRowAtIndexPath({0, 0})).width(), 320);
-    // The old rows go once the event loop runs, never under a signal that is still running.
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-TEST(TableView, TappingSelectsUntilDeselectedAndCellsThatDoNotReactIgnoreTouches) {
-    CountingSource source;
-    TableView table;
-    setFrame(&table, QRectF(0, 0, 320, 480));
-    table.setDataSource(&source);
-    table.reloadData();
-    table.show();
-
+TEST_F(Table, TappingSelectsUntilDeselectedAndCellsThatDoNotReactIgnoreTouches) {
     QTest::mouseClick(table.cellForRowAtIndexPath({2, 0}), Qt::LeftButton);
     ASSERT_EQ(source.selected, (std::vector<IndexPath>{{2, 0}}));
     EXPECT_TRUE(table.cellForRowAtIndexPath({2, 0})->isHighlighted());
@@ -80,4 +90,32 @@ TEST(TableView, TappingSelectsUntilDeselectedAndCellsThatDoNotReactIgnoreTouches
     EXPECT_TRUE(inert->testAttribute(Qt::WA_TransparentForMouseEvents));
     const QPoint centre = inert->mapTo(table.viewport(), inert->rect().center());
     EXPECT_NE(table.viewport()->childAt(centre), inert);
+}
+
+TEST_F(Table, TabReachesRowsThatReactAndControlsInOrderAndARebuildKeepsFocusAndScroll) {
+    setFrame(&table, QRectF(0, 0, 320, 100));
+    QApplication::setActiveWindow(&table);
+
+    QStringList reached;
+    table.cellForRowAtIndexPath({0, 0})->setFocus(Qt::TabFocusReason);
+    while (reached.size() < 3) {
+        QWidget* focused = QApplication::focusWidget();
+        auto* cell = qobject_cast<TableViewCell*>(focused);
+        reached << (cell ? cell->textLabel()->text() : focused->metaObject()->className());
+        if (reached.size() < 3)
+            QTest::keyClick(focused, Qt::Key_Tab);
+    }
+    // 0.1 and 2.1 do not react; 2.2 has no highlight and lends the focus to its control.
+    EXPECT_EQ(reached, (QStringList{"0.0", "2.0", "QPushButton"}));
+
+    const int scrolled = table.verticalScrollBar()->value();
+    EXPECT_GT(scrolled, 0);
+    table.reloadData();
+    EXPECT_EQ(table.verticalScrollBar()->value(), scrolled);
+    EXPECT_EQ(QApplication::focusWidget()->parentWidget(), table.cellForRowAtIndexPath({2, 2}));
+
+    // Space on a focused row taps it.
+    table.cellForRowAtIndexPath({2, 0})->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(source.selected, (std::vector<IndexPath>{{2, 0}}));
 }

@@ -1,6 +1,7 @@
 #include "TextField.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -64,6 +65,32 @@ TEST(TextField, AsksBeforeEveryEditWithItsRangeAndReplacement) {
 
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(delegate.returns, 1);
+}
+
+TEST(TextField, EditingBeginsOnceUntilTheFocusGoesElsewhereAndHasNoLengthLimit) {
+    QWidget window;
+    auto* field = new TextField(&window);
+    auto* other = new QLineEdit(&window);
+    RecordingDelegate delegate;
+    field->setDelegate(&delegate);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    field->setFocus();
+    // Another window in front and back again, or a menu, is no new beginning.
+    for (Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
+        QFocusEvent out(QEvent::FocusOut, reason);
+        QApplication::sendEvent(field, &out);
+        QFocusEvent in(QEvent::FocusIn, reason);
+        QApplication::sendEvent(field, &in);
+    }
+    EXPECT_EQ(delegate.begins, 1);
+    other->setFocus();
+    field->setFocus();
+    EXPECT_EQ(delegate.begins, 2);
+
+    const QString longText(40000, 'x');
+    field->insert(longText);
+    EXPECT_EQ(field->text(), longText);
 }
 
 TEST(TextField, ARefusedEditLeavesTheTextAsItWas) {
