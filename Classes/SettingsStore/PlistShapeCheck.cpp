@@ -217,6 +217,10 @@ bool isSafeBinaryPlist(std::string_view bytes) {
 bool isSafeXmlPlist(std::string_view bytes) {
     if (bytes.find('\0') != std::string_view::npos)
         return false;
+    // libplist moves the rest of a text once for every entity in it: bound entities × length.
+    const auto entities = static_cast<uint64_t>(std::count(bytes.begin(), bytes.end(), '&'));
+    if (entities * bytes.size() > PlistLimits::maximumEntityWork)
+        return false;
     // The <plist> element around the root is one more level and element than the binary format
     // has, so that whatever one format holds within the limits, the other does too.
     constexpr size_t maximumDepth = PlistLimits::maximumDepth + 1;

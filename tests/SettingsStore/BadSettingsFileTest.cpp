@@ -96,6 +96,16 @@ TEST_F(BadSettingsFile, SharedReferencesCannotMultiplyIntoUnboundedMemory) {
     });
 }
 
+TEST_F(BadSettingsFile, ManyEntityReferencesAreRefusedBeforeTheyCostQuadraticTime) {
+    // 4 MB of "&amp;" took libplist 35 s of CPU.
+    expectDefaultsFrom(
+        {{"800,000 entities", plistXml("<dict><key>BADGE_TEXT_FIELD_TEXT</key><string>" +
+                                       repeated("&amp;", 800000) + "</string></dict>")}});
+    root.writeSettings(plistXml("<dict><key>BADGE_TEXT_FIELD_TEXT</key><string>" +
+                                repeated("&lt;&amp;&gt;", 100) + "</string></dict>"));
+    EXPECT_EQ(getBadgeTextFieldText(), repeated("<&>", 100));
+}
+
 TEST_F(BadSettingsFile, ValuesOfTheWrongKindGiveTheDefault) {
     for (const char* value :
          {"<date>2020-01-01T00:00:00Z</date>", "<data>AAEC</data>",
