@@ -15,13 +15,15 @@ struct PlistLimits {
     // The settings are one dictionary of strings: depth 2 and a few dozen objects.
     static constexpr size_t maximumDepth = 64;
     static constexpr size_t maximumObjects = 100000;
+    // Bytes of strings and data once every reference is expanded.
+    static constexpr uint64_t maximumPayload = 16 * 1024 * 1024;
     // Entity references times the file's size: a few tens of milliseconds of libplist's work.
     static constexpr uint64_t maximumEntityWork = uint64_t{1} << 27;
 };
 
 // Binary ("bplist00"): the object graph from the root, each reference expanded as libplist
-// expands it, has no cycle, at most maximumDepth levels and maximumObjects objects, and no
-// string holds a NUL.
+// expands it, has no cycle, at most maximumDepth levels, maximumObjects objects and
+// maximumPayload bytes of strings and data, and no string holds a NUL.
 bool isSafeBinaryPlist(std::string_view bytes);
 
 // XML: no NUL byte, at most maximumDepth open elements at a time and maximumObjects elements,
