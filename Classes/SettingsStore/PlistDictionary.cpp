@@ -69,9 +69,10 @@ std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) 
 
 } // namespace
 
-// XML, as long as XML can carry every text: written raw, a control character would make the file
-// unreadable to every other reader. Else the binary format, which carries any character; text
-// that is not even UTF-8 (only another program can have stored it) goes as U+FFFD in XML.
+// XML, as long as XML can carry every text (written raw, a control character would make the file
+// unreadable to every other reader) and it is not too large to read back. Else the binary format,
+// which carries any character and data without base64; text that is not even UTF-8 (only another
+// program can have stored it) goes as U+FFFD in XML.
 std::optional<std::string> PlistDictionary::encoded() const {
     const plist_t root = node(root_);
     const CNumericLocale numbers;
@@ -82,7 +83,7 @@ std::optional<std::string> PlistDictionary::encoded() const {
         return std::nullopt;
     std::string text(xml, length);
     plist_to_xml_free(xml);
-    if (isXmlText(text))
+    if (isXmlText(text) && text.size() <= maximumFileSize)
         return text;
     char* binary = nullptr;
     if (!whyNotPlistText(text))
@@ -219,6 +220,9 @@ PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
     const auto bytes = encoded();
     if (!bytes)
         return std::string("cannot encode the settings as a property list");
+    // A file that could not be read back would lose every setting at the next write.
+    if (bytes->size() > maximumFileSize)
+        return std::string("the settings would not fit in the largest file that is read");
     return writeFileAtomically(path, *bytes);
 }
 

@@ -49,7 +49,8 @@ public:
     // Whether the key was there.
     bool remove(std::string_view key);
 
-    // The file's bytes: XML, or the binary format when the text holds what XML cannot carry.
+    // The file's bytes: XML, or the binary format when the text holds what XML cannot carry or
+    // the XML would be too large to read back.
     std::optional<std::string> encoded() const;
 
     // Writes the dictionary to a unique temporary file beside the target and renames it over the

@@ -35,10 +35,12 @@ public:
     uint64_t root() const { return root_; }
 
     // Where an object's references start and how many it has (keys and values for a
-    // dictionary); nothing when the object is malformed or is a string holding a NUL.
+    // dictionary), and the bytes of its string or data; nothing when the object is malformed or
+    // is a string holding a NUL.
     struct References {
         size_t at = 0;
         uint64_t count = 0;
+        uint64_t payload = 0;
     };
     std::optional<References> referencesOf(uint64_t index) const {
         const uint64_t offset = number(data_ + tableOffset_ + index * offsetSize_, offsetSize_);
@@ -71,7 +73,8 @@ public:
             for (uint64_t i = 0; kind == 0x6 && i < *length; ++i)
                 if (data_[at + 2 * i] == 0 && data_[at + 2 * i + 1] == 0)
                     return std::nullopt;
-            return References{};
+            // A UTF-16 unit becomes up to three bytes of UTF-8.
+            return References{0, 0, kind == 0x6 ? 3 * *length : *length};
         }
         case 0xA: // array
         case 0xC: // set
@@ -164,6 +167,7 @@ bool isSafeBinaryPlist(std::string_view bytes) {
     enum class State : uint8_t { unseen, open, done };
     std::vector<State> state(plist.objectCount(), State::unseen);
     std::vector<uint32_t> expanded(plist.objectCount(), 0);
+    std::vector<uint32_t> payload(plist.objectCount(), 0);
     std::vector<uint32_t> height(plist.objectCount(), 0);
     struct Frame {
         uint64_t index;
@@ -171,6 +175,12 @@ bool isSafeBinaryPlist(std::string_view bytes) {
         uint64_t next = 0;
         uint64_t size = 1;
         uint64_t height = 1;
+        uint64_t payload = 0;
+    };
+    const auto withinLimits = [](const Frame& frame) {
+        return frame.size <= PlistLimits::maximumObjects &&
+               frame.height <= PlistLimits::maximumDepth &&
+               frame.payload <= PlistLimits::maximumPayload;
     };
     std::vector<Frame> path;
     const auto enter = [&](uint64_t index) {
@@ -179,7 +189,8 @@ bool isSafeBinaryPlist(std::string_view bytes) {
             return false;
         state[index] = State::open;
         path.push_back({index, *references});
-        return true;
+        path.back().payload = references->payload;
+        return withinLimits(path.back());
     };
     if (!enter(plist.root()))
         return false;
@@ -195,27 +206,32 @@ bool isSafeBinaryPlist(std::string_view bytes) {
                 continue;
             }
             top.size += expanded[child];
+            top.payload += payload[child];
             top.height = std::max<uint64_t>(top.height, height[child] + 1);
         } else {
             const Frame done = top;
             path.pop_back();
-            if (done.size > PlistLimits::maximumObjects || done.height > PlistLimits::maximumDepth)
-                return false;
             state[done.index] = State::done;
             expanded[done.index] = static_cast<uint32_t>(done.size);
+            payload[done.index] = static_cast<uint32_t>(done.payload);
             height[done.index] = static_cast<uint32_t>(done.height);
             if (path.empty())
                 return true;
             path.back().size += done.size;
+            path.back().payload += done.payload;
             path.back().height = std::max(path.back().height, done.height + 1);
         }
-        if (path.back().size > PlistLimits::maximumObjects)
+        if (!withinLimits(path.back()))
             return false;
     }
 }
 
 bool isSafeXmlPlist(std::string_view bytes) {
     if (bytes.find('\0') != std::string_view::npos)
+        return false;
+    // libplist moves the rest of a text once for every entity in it: bound entities × length.
+    const auto entities = static_cast<uint64_t>(std::count(bytes.begin(), bytes.end(), '&'));
+    if (entities * bytes.size() > PlistLimits::maximumEntityWork)
         return false;
     // The <plist> element around the root is one more level and element than the binary format
     // has, so that whatever one format holds within the limits, the other does too.

@@ -8,7 +8,7 @@
 #include <random>
 
 using namespace pomwick;
-using pomwick::test::binaryPlistOfArrays;
+namespace binary = pomwick::test::binary;
 using pomwick::test::plistXml;
 using pomwick::test::SettingsRoot;
 
@@ -75,25 +75,43 @@ TEST_F(BadSettingsFile, ANulInsideAStringGivesTheDefaultsInsteadOfAborting) {
 }
 
 TEST_F(BadSettingsFile, DeepNestingIsRefusedBeforeParsing) {
-    std::vector<std::vector<uint32_t>> chain(100000);
-    for (uint32_t i = 0; i + 1 < chain.size(); ++i)
-        chain[i] = {i + 1};
+    std::vector<std::string> chain;
+    for (uint32_t i = 1; i < 100000; ++i)
+        chain.push_back(binary::array({i}));
+    chain.push_back(binary::array({}));
     expectDefaultsFrom({
         {"XML, 180,000 arrays deep",
          plistXml(repeated("<array>", 180000) + repeated("</array>", 180000))},
-        {"binary, 100,000 arrays deep", binaryPlistOfArrays(chain)},
+        {"binary, 100,000 arrays deep", binary::plist(chain)},
     });
 }
 
 TEST_F(BadSettingsFile, SharedReferencesCannotMultiplyIntoUnboundedMemory) {
     // Each array refers twice to the next: 2^60 objects once every reference is expanded.
-    std::vector<std::vector<uint32_t>> doubling(61);
-    for (uint32_t i = 0; i < 60; ++i)
-        doubling[i] = {i + 1, i + 1};
+    std::vector<std::string> doubling;
+    for (uint32_t i = 1; i <= 60; ++i)
+        doubling.push_back(binary::array({i, i}));
+    doubling.push_back(binary::array({}));
+    // A dictionary that would read if its one megabyte were not referred to 2,000 times.
+    const std::string gigabyte =
+        binary::plist({binary::dictionary({{1, 2}, {3, 4}}), binary::text("ENABLED"),
+                       binary::text("0"), binary::text("BADGE_FONT"),
+                       binary::array(std::vector<uint32_t>(2000, 5)), binary::data(1 << 20)});
     expectDefaultsFrom({
-        {"doubling references", binaryPlistOfArrays(doubling)},
-        {"an array holding itself", binaryPlistOfArrays({{0}})},
+        {"doubling references", binary::plist(doubling)},
+        {"an array holding itself", binary::plist({binary::array({0})})},
+        {"one megabyte, 2,000 times", gigabyte},
     });
+}
+
+TEST_F(BadSettingsFile, ManyEntityReferencesAreRefusedBeforeTheyCostQuadraticTime) {
+    // 4 MB of "&amp;" took libplist 35 s of CPU.
+    expectDefaultsFrom(
+        {{"800,000 entities", plistXml("<dict><key>BADGE_TEXT_FIELD_TEXT</key><string>" +
+                                       repeated("&amp;", 800000) + "</string></dict>")}});
+    root.writeSettings(plistXml("<dict><key>BADGE_TEXT_FIELD_TEXT</key><string>" +
+                                repeated("&lt;&amp;&gt;", 100) + "</string></dict>"));
+    EXPECT_EQ(getBadgeTextFieldText(), repeated("<&>", 100));
 }
 
 TEST_F(BadSettingsFile, ValuesOfTheWrongKindGiveTheDefault) {

@@ -7,10 +7,13 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/file.h>
 #include <thread>
+#include <unistd.h>
 
 using namespace pomwick;
 using pomwick::test::SettingsRoot;
@@ -105,4 +108,21 @@ TEST(ConcurrentWriter, TemporariesOfKilledWritersAreRemovedAtTheNextWrite) {
                                                ".com.velquor.pomwickpreferences.plist.lock",
                                                "com.velquor.pomwickpreferences.plist",
                                                "other.plist.Ab3xY9"}));
+}
+
+TEST(ConcurrentWriter, AWriterThatHangsHoldingTheLockDelaysOthersButNeverHangsThem) {
+    SettingsRoot root;
+    setPreferencesObjectKey("1", SettingsKey::enabled);
+    // flock locks belong to an open file: this one conflicts with the setter's own.
+    const auto lockFile =
+        root.at("/var/mobile/Library/Preferences/.com.velquor.pomwickpreferences.plist.lock");
+    const int held = ::open(lockFile.c_str(), O_RDWR);
+    ASSERT_EQ(::flock(held, LOCK_EX), 0);
+    const auto failure = trySetPreferencesObjectKey("0", SettingsKey::enabled);
+    ::close(held);
+    ASSERT_TRUE(failure);
+    EXPECT_NE(failure->find("held by another writer"), std::string::npos) << *failure;
+    EXPECT_TRUE(getEnabled());
+    EXPECT_FALSE(trySetPreferencesObjectKey("0", SettingsKey::enabled));
+    EXPECT_FALSE(getEnabled());
 }

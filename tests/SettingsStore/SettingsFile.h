@@ -15,8 +15,14 @@ std::string plistXml(const std::string& dictionaryBody);
 // <dict> of string values.
 std::string stringsPlist(const std::vector<std::pair<std::string, std::string>>& entries);
 
-// A binary property list of arrays: object i holds references to the objects listed for it.
-std::string binaryPlistOfArrays(const std::vector<std::vector<uint32_t>>& references);
+// Binary property lists, object by object (references are object numbers; object 0 is the root).
+namespace binary {
+std::string array(const std::vector<uint32_t>& references);
+std::string dictionary(const std::vector<std::pair<uint32_t, uint32_t>>& entries);
+std::string text(const std::string& ascii);
+std::string data(size_t size);
+std::string plist(const std::vector<std::string>& objects);
+} // namespace binary
 
 // Every getter gives its key's default, but for the one excepted.
 void expectEveryDefault(std::string_view except = {});

@@ -1,13 +1,39 @@
 #include "FileLock.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace pomwick {
+namespace {
+
+// Writers hold the lock for well under a millisecond; one that holds it longer has hung, and
+// waiting for it without end would hang the caller too. Polls with a growing pause, since flock
+// has no timed wait.
+bool lockWithin(int fd, std::chrono::milliseconds limit) {
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    auto pause = std::chrono::microseconds(50);
+    for (;;) {
+        if (::flock(fd, LOCK_EX | LOCK_NB) == 0)
+            return true;
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            return false;
+        if (std::chrono::steady_clock::now() >= deadline) {
+            errno = EWOULDBLOCK;
+            return false;
+        }
+        std::this_thread::sleep_for(pause);
+        pause = std::min(pause * 2, std::chrono::microseconds(20000));
+    }
+}
+
+} // namespace
 
 FileLock::FileLock(const std::filesystem::path& lockFile) {
     std::error_code error;
@@ -20,12 +46,10 @@ FileLock::FileLock(const std::filesystem::path& lockFile) {
         failure_ = "cannot lock " + lockFile.string() + ": " + std::strerror(errno);
     } else if (!S_ISREG(status.st_mode)) {
         failure_ = lockFile.string() + " is not a regular file; cannot lock it";
-    } else {
-        int result;
-        while ((result = ::flock(fd_, LOCK_EX)) != 0 && errno == EINTR) {
-        }
-        if (result != 0)
-            failure_ = "cannot lock " + lockFile.string() + ": " + std::strerror(errno);
+    } else if (!lockWithin(fd_, maximumWait)) {
+        failure_ = errno == EWOULDBLOCK
+                       ? lockFile.string() + " is held by another writer that does not let go"
+                       : "cannot lock " + lockFile.string() + ": " + std::strerror(errno);
     }
 }
 
