@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Configures and builds one build tree: scripts/build.sh [release|sanitize]
+# Configures and builds one developer build tree: scripts/build.sh [release|sanitize]. Warnings are
+# errors here, and in CI, which calls it; a plain cmake build (a packager's) only shows them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 kind=${1:-release}
 case "$kind" in
-    release) dir=build; options=(-DCMAKE_BUILD_TYPE=RelWithDebInfo) ;;
-    sanitize) dir=build-sanitize; options=(-DCMAKE_BUILD_TYPE=Debug -DPOMWICK_SANITIZE=ON -DPOMWICK_BUILD_BENCH=OFF) ;;
+    release) dir=build; options=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_COMPILE_WARNING_AS_ERROR=ON) ;;
+    sanitize) dir=build-sanitize; options=(-DCMAKE_BUILD_TYPE=Debug -DCMAKE_COMPILE_WARNING_AS_ERROR=ON -DPOMWICK_SANITIZE=ON -DPOMWICK_BUILD_BENCH=OFF) ;;
     *) echo "build: unknown kind '$kind' (release or sanitize)" >&2; exit 2 ;;
 esac
 
