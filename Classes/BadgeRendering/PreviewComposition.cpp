@@ -10,11 +10,6 @@ namespace {
 
 constexpr double badgeHeight = 24;
 
-QString previewText() {
-    const QString stored = QString::fromStdString(getBadgeTextFieldText());
-    return stored.isEmpty() ? QStringLiteral("1") : QString(stored).replace('@', '1');
-}
-
 QImage composedBadge() {
     const QImage background = loadBadgeBackground();
     const QSizeF size = pointSize(background);
@@ -22,12 +17,17 @@ QImage composedBadge() {
     const QImage scaled = scaleImageToSize(
         background, QSizeF(badgeHeight / size.height() * size.width(), badgeHeight));
     const QImage text = applyAlphaToImage(
-        makeImageFromText(previewText(), getBadgeFont(), getBadgeFontColor(), true),
+        makeImageFromText(previewBadgeText(), getBadgeFont(), getBadgeFontColor(), true),
         getBadgeAlpha());
     return imageByCombiningImage(scaled, text);
 }
 
 } // namespace
+
+QString previewBadgeText() {
+    const QString stored = QString::fromStdString(getBadgeTextFieldText());
+    return stored.isEmpty() ? QStringLiteral("1") : QString(stored).replace('@', '1');
+}
 
 PreviewBadge composePreviewBadge(const QRectF& iconFrame, float iconSize) {
     if (!getEnabled()) {

@@ -12,6 +12,9 @@ struct PreviewBadge {
     std::optional<QRectF> frame; // nothing: the badge view keeps the frame it had
 };
 
+// The text the preview shows on the badge: the stored text with "@" shown as 1, or "1".
+QString previewBadgeText();
+
 // Composes the preview badge from the settings, the renderer's background file and the sample
 // icon's frame: the stored text ("@" shown as 1) in the stored font, colour and opacity, centred
 // on the background scaled to 24 points high, its top-left corner at the stored location. With
