@@ -5,6 +5,7 @@
 #include "MessagingCenter.h"
 #include "PreviewComposition.h"
 #include "PrivateSessionBus.h"
+#include "Settings.h"
 #include "TemporaryDeviceRoot.h"
 
 #include <QCoreApplication>
@@ -81,8 +82,10 @@ template <typename Exchange> void measure(benchmark::State& state, Exchange exch
     state.counters["p99_us"] = samples[std::min(samples.size() - 1, samples.size() * 99 / 100)];
 }
 
+// state.range(0): 0 for the default text (a round badge), 1 for a longer one (a pill).
 void PreviewRoundTrip(benchmark::State& state) {
     Peers& bus = peers();
+    setPreferencesObjectKey(state.range(0) ? "Alert:@" : "", SettingsKey::badgeTextFieldText);
     const QRectF icon(0, 45, 60, 60);
     measure(state, [&] {
         const int before = bus.answers;
@@ -103,7 +106,13 @@ void DBusPingPong(benchmark::State& state) {
 }
 
 BENCHMARK(DBusPingPong)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
-BENCHMARK(PreviewRoundTrip)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
+BENCHMARK(PreviewRoundTrip)
+    ->ArgName("pill")
+    ->Arg(0)
+    ->Arg(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond)
+    ->Iterations(2000);
 
 } // namespace
 

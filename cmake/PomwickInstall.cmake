@@ -38,3 +38,10 @@ install(FILES ${CMAKE_BINARY_DIR}/dist/com.velquor.pomwick.service
     DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
 install(FILES ${CMAKE_BINARY_DIR}/dist/pomwick-renderer.service
     DESTINATION lib/systemd/user)
+
+# The same service for the build tree, which scripts/run.sh hands to its private bus.
+file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/dist/services/com.velquor.pomwick.service CONTENT
+"[D-BUS Service]
+Name=com.velquor.pomwick
+Exec=\"$<TARGET_FILE:pomwick-renderer>\"
+")

@@ -11,6 +11,7 @@ packages=(
     dbus-daemon dbus-bin dbus-x11 libglib2.0-bin
     xvfb xauth xdotool x11-utils imagemagick
     adwaita-icon-theme librsvg2-bin locales-all
+    desktop-file-utils appstream
 )
 
 missing=()

@@ -15,3 +15,8 @@ for kind in release sanitize; do
     echo "== tests ($kind)"
     ctest --test-dir "$dir" --output-on-failure -j 2 --timeout 300
 done
+
+# The product as packagers build it and users install it: a plain Release build, installed,
+# packaged and run after its build tree is gone.
+echo "== install"
+scripts/check-install.sh
