@@ -13,5 +13,7 @@ esac
 
 if [ ! -f "$dir/build.ninja" ]; then
     cmake -S . -B "$dir" -G Ninja "${options[@]}" >/dev/null
+else
+    cmake -S . -B "$dir" "${options[@]}" >/dev/null # a tree made before keeps up with the options
 fi
 cmake --build "$dir" -j "$(nproc)"

@@ -46,6 +46,10 @@ appstreamcli validate --no-net --pedantic "$prefix/share/metainfo/com.velquor.Po
     >/dev/null || fail "appstreamcli validate"
 grep -qx "Exec=\"$prefix/bin/pomwick-renderer\"" \
     "$prefix/share/dbus-1/services/com.velquor.pomwick.service" || fail "service file's Exec"
+if command -v systemd-analyze >/dev/null; then
+    systemd-analyze verify "$prefix/lib/systemd/user/pomwick-renderer.service" ||
+        fail "systemd-analyze verify"
+fi
 
 echo "== the Debian package"
 deb=$(ls "$work"/*.deb)
