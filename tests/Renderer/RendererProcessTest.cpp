@@ -120,8 +120,8 @@ TEST_F(ScreenSide, TheBadgeIsAsWideAsItsTextRoundForOneCharacter) {
         setPreferencesObjectKey(c.text, SettingsKey::badgeTextFieldText);
         requestAndAwaitAnswer();
         const QImage background = previewBackground();
-        const QImage text = makeImageFromText(previewBadgeText(), getBadgeFont(),
-                                              getBadgeFontColor(), true);
+        const QImage text =
+            makeImageFromText(previewBadgeText(), getBadgeFont(), getBadgeFontColor(), true);
         EXPECT_TRUE(textLiesInsideTheBadge(background, text)) << c.text;
         EXPECT_EQ(pointSize(background).width() == 24, c.round) << c.text;
         EXPECT_EQ(pointSize(composePreviewBadge(QRectF(0, 0, 60, 60), 60).image),
