@@ -17,7 +17,7 @@ launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 cmake -S . -B "$tree" -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
     -DPOMWICK_BUILD_TESTS=OFF -DPOMWICK_BUILD_BENCH=OFF "${launcher[@]}" >/dev/null
-cmake --build "$tree" -j "$(nproc)" >"$work/build.log" || { cat "$work/build.log"; fail "build failed"; }
+cmake --build "$tree" -j "$(nproc)" >"$work/build.log" 2>&1 || { cat "$work/build.log"; fail "build failed"; }
 DESTDIR="$work/destdir" cmake --install "$tree" >/dev/null
 cmake --install "$tree" --prefix "$prefix" >/dev/null
 cmake --install "$tree" --prefix "$prefix" >/dev/null # over the first
@@ -29,7 +29,8 @@ echo "== installed product"
 if grep -rlF "$PWD" "$work/destdir" "$prefix"; then
     fail "the files above name the source tree"
 fi
-export QT_QPA_PLATFORM=offscreen
+export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$work/runtime"
+mkdir -m 700 "$XDG_RUNTIME_DIR"
 for installed in "$work/destdir/usr" "$prefix"; do
     root="$work/root $(basename "$(dirname "$installed")")"
     for program in pomwick-settings pomwick-renderer pomwick-defaults; do
@@ -57,10 +58,11 @@ depends=$(dpkg-deb -f "$deb" Depends)
 for needed in libqt6widgets6 libqt6dbus6 libplist3 libfontconfig1 dbus-daemon fonts-dejavu-core; do
     grep -q "$needed" <<<"$depends" || fail "the package does not depend on $needed: $depends"
 done
-dpkg-deb -c "$deb" | grep -q "usr/share/pomwick/PomwickPreferences.bundle/PomwickPreferences.so" ||
+contents=$(dpkg-deb -c "$deb")
+grep -q "usr/share/pomwick/PomwickPreferences.bundle/PomwickPreferences.so" <<<"$contents" ||
     fail "the package lacks the bundle"
-dpkg-deb --fsys-tarfile "$deb" | tar -xO ./usr/share/dbus-1/services/com.velquor.pomwick.service |
-    grep -qx 'Exec="/usr/bin/pomwick-renderer"' || fail "the package's service file"
+service=$(dpkg-deb --fsys-tarfile "$deb" | tar -xO ./usr/share/dbus-1/services/com.velquor.pomwick.service)
+grep -qx 'Exec="/usr/bin/pomwick-renderer"' <<<"$service" || fail "the package's service file"
 echo "$(basename "$deb"): Depends: $depends"
 
 echo "== the renderer started by the bus"

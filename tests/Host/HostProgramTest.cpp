@@ -108,8 +108,13 @@ TEST(HostProgram, ASecondStartForTheSameRootBringsTheOpenWindowForward) {
     EXPECT_EQ(second.status, 0) << second.err.toStdString();
     EXPECT_TRUE(second.out.contains("already open; brought it forward"))
         << second.out.toStdString();
+    QByteArray firstOutput;
     EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return first.readAllStandardOutput().contains("brought forward"); }, 30000));
+        [&] {
+            firstOutput += first.readAllStandardOutput();
+            return firstOutput.contains("brought forward by another start");
+        },
+        30000));
 
     // Another root gets a window of its own, told why it cannot show a preview.
     test::TemporaryDeviceRoot otherRoot;
