@@ -11,6 +11,8 @@
 #include "SingleInstance.h"
 
 #include <QApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
@@ -79,6 +81,15 @@ QSize windowSize() {
     return size;
 }
 
+// The page reads the icon size the renderer reports when it loads. Where the renderer is a
+// service the bus starts on demand, have it started now (the bus answers once it serves, after it
+// wrote the icon size), so that the first window on a fresh root shows the icon at its size. A
+// renderer that runs already, or a bus that cannot start one, answers at once.
+void startRenderer() {
+    if (QDBusConnectionInterface* bus = QDBusConnection::sessionBus().interface())
+        bus->startService(CenterName::renderer);
+}
+
 // For measuring start-up: says when the page first shows a preview badge, then quits.
 void exitOnceAPreviewShows(QWidget& window) {
     auto* poll = new QTimer(&window);
@@ -129,6 +140,7 @@ int main(int argc, char** argv) {
                          "pomwick-settings: a settings window for another device root is open "
                          "and serves %s; this window shows no preview until that one closes\n",
                          qPrintable(CenterName::preferences));
+        startRenderer();
         break;
     }
     LoadedBundle bundle;

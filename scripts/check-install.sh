@@ -70,24 +70,45 @@ echo "== the renderer started by the bus"
 export POMWICK_ROOT="$work/root activation"
 scripts/with-service-bus.sh "$prefix/share/dbus-1/services" bash -c '
     set -euo pipefail
+    installed=$1 answers=$2
     renderer_pid() {
         gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
             --method org.freedesktop.DBus.GetConnectionUnixProcessID com.velquor.pomwick |
             awk "{ print \$2 + 0 }"
     }
-    # No renderer runs: the page'"'"'s "saveBadgeImages" starts one, whose "badgeSavedToTmp"
-    # shows the preview.
-    timeout 60 "$1/bin/pomwick-settings" --exit-after-first-preview
+    answered() { grep -c "member=badgeSavedToTmp" "$answers" || true; }
+    # Sends "saveBadgeImages" and waits (30 s at most) for a "badgeSavedToTmp" more than before.
+    request_and_await_answer() {
+        local before
+        before=$(answered)
+        dbus-send --session --type=method_call --dest=com.velquor.pomwick /com/velquor/pomwick \
+            com.velquor.pomwick.saveBadgeImages
+        for _ in $(seq 600); do
+            [ "$(answered)" -gt "$before" ] && return 0
+            sleep 0.05
+        done
+        return 1
+    }
+    # The answers go to the screen'"'"'s centre, which nobody serves here: a monitor sees them.
+    dbus-monitor --session "type=method_call,member=badgeSavedToTmp" >"$answers" 2>/dev/null &
+    monitor=$!
+    trap "kill $monitor" EXIT
+    until grep -q NameLost "$answers"; do sleep 0.05; done
+
+    # No renderer runs: the request starts the installed one, which answers.
+    request_and_await_answer
     first=$(renderer_pid)
-    [ "$(readlink "/proc/$first/exe")" = "$1/bin/pomwick-renderer" ]
-    # "Respring": the renderer is killed; the next request is answered by a new one.
+    [ "$(readlink "/proc/$first/exe")" = "$installed/bin/pomwick-renderer" ]
+    # "Respring": the renderer is killed; the next request starts a new one, which answers.
     kill -KILL "$first"
     while gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
         --method org.freedesktop.DBus.NameHasOwner com.velquor.pomwick | grep -q true; do
         sleep 0.05
     done
-    timeout 60 "$1/bin/pomwick-settings" --exit-after-first-preview
+    request_and_await_answer
     [ "$(renderer_pid)" != "$first" ]
-' check-activation "$prefix" 2> >(grep -v "fd limit\|XDG_RUNTIME\|ctivat" >&2) ||
+    # And the window shows its preview from it.
+    timeout 60 "$installed/bin/pomwick-settings" --exit-after-first-preview
+' check-activation "$prefix" "$work/answers" 2> >(grep -v "fd limit\|XDG_RUNTIME\|ctivat" >&2) ||
     fail "the bus did not start the installed renderer, or not again after Respring"
 echo "check-install: passed"
