@@ -101,8 +101,9 @@ scripts/with-service-bus.sh "$prefix/share/dbus-1/services" bash -c '
     [ "$(readlink "/proc/$first/exe")" = "$installed/bin/pomwick-renderer" ]
     # "Respring": the renderer is killed; the next request starts a new one, which answers.
     kill -KILL "$first"
-    while gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
-        --method org.freedesktop.DBus.NameHasOwner com.velquor.pomwick | grep -q true; do
+    while [ "$(gdbus call --session --dest org.freedesktop.DBus \
+        --object-path /org/freedesktop/DBus --method org.freedesktop.DBus.NameHasOwner \
+        com.velquor.pomwick)" = "(true,)" ]; do
         sleep 0.05
     done
     request_and_await_answer
