@@ -1,6 +1,6 @@
 #include "BundleLoader.h"
 
-#include "DevicePaths.h"
+#include "BundleInstallation.h"
 #include "ImageFile.h"
 
 #include <QJsonObject>
@@ -9,8 +9,10 @@
 namespace pomwick {
 
 LoadedBundle loadPreferenceBundle() {
-    const auto folder = hostPath(DevicePath::bundleDirectory);
-    const QString path = QString::fromStdString((folder / "PomwickPreferences.so").string());
+    // Code comes only from where the bundle was built or installed; the device root's copy of
+    // the bundle folder holds its resources, never a plugin.
+    const auto folder = installedBundleDirectory();
+    const QString path = QString::fromStdString(installedBundlePlugin().string());
     QPluginLoader loader(path);
     LoadedBundle loaded;
     const QJsonObject metadata = loader.metaData().value("MetaData").toObject();

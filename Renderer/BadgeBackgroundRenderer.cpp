@@ -1,13 +1,67 @@
 #include "BadgeBackgroundRenderer.h"
 
 #include "BadgeImagePrimitives.h"
+#include "ImageContext.h"
 #include "ImageFile.h"
 #include "MessageNames.h"
 #include "MessagingCenter.h"
+#include "PreviewComposition.h"
 #include "PreviewFiles.h"
+#include "QtConversions.h"
 #include "Settings.h"
+#include "TextDrawing.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace pomwick {
+namespace {
+
+// The preview scales the background to this height and centres the text on it.
+constexpr double previewHeight = 24;
+// Room for the round ends beside the text, in points at the preview's height: one character of
+// the default font (about 10 points wide) stays within a round badge.
+constexpr double endsRoom = 12;
+// The widest background, 16 heights: a text of a thousand characters or a font of size 500 would
+// otherwise ask for an image thousands of points wide on every request. Such a text is cropped at
+// the badge's ends in the preview, as any text too large for its badge is.
+constexpr double widestPreviewWidth = 16 * previewHeight;
+
+double previewWidthForText() {
+    const double text = sizeWithAttributes(previewBadgeText(), toQFont(getBadgeFont())).width();
+    return std::min(text + endsRoom, widestPreviewWidth);
+}
+
+// The round badge widened to the preview width (in points at the preview's height): its left and
+// right halves as they are, its middle column stretched between them.
+QImage stretchedToWidth(const QImage& badge, double previewWidth) {
+    const QSizeF size = pointSize(badge);
+    if (badge.isNull() || size.height() <= 0)
+        return badge;
+    const double width = std::ceil(size.height() / previewHeight * previewWidth);
+    if (width <= size.width())
+        return badge;
+    ImageContext context(QSizeF(width, size.height()));
+    if (context.isEmpty())
+        return badge;
+    QPainter& painter = context.painter();
+    const double halfWidth = size.width() / 2, halfPixels = badge.width() / 2.0;
+    const double height = size.height(), pixels = badge.height();
+    painter.drawImage(QRectF(0, 0, halfWidth, height), badge, QRectF(0, 0, halfPixels, pixels));
+    painter.drawImage(QRectF(width - halfWidth, 0, halfWidth, height), badge,
+                      QRectF(halfPixels, 0, badge.width() - halfPixels, pixels));
+    painter.drawImage(QRectF(halfWidth, 0, width - 2 * halfWidth, height), badge,
+                      QRectF(std::floor(halfPixels), 0, 1, pixels));
+    return context.image();
+}
+
+} // namespace
+
+QImage drawBadgeBackground(const QImage& silhouette) {
+    const QImage filled = fillImageWithColor(silhouette, getBadgeBackgroundColor());
+    // Bordered before it is widened, so that the border is as thick along the pill as at its ends.
+    return stretchedToWidth(addBorderToImage(filled, getBadgeBorderColor()), previewWidthForText());
+}
 
 BadgeBackgroundRenderer::BadgeBackgroundRenderer()
     : silhouette_(loadBundleImage(PreviewFile::stockBadge)) {
@@ -21,9 +75,7 @@ void BadgeBackgroundRenderer::requestRender() {
 }
 
 void BadgeBackgroundRenderer::render() {
-    const QImage filled = fillImageWithColor(silhouette_, getBadgeBackgroundColor());
-    const QImage background = addBorderToImage(filled, getBadgeBorderColor());
-    writePngAtomically(background, tmpFile(PreviewFile::badgeBackground));
+    writePngAtomically(drawBadgeBackground(silhouette_), tmpFile(PreviewFile::badgeBackground));
     MessagingCenter::centerNamed(CenterName::preferences)
         .sendMessageName(MessageName::badgeSavedToTmp);
 }

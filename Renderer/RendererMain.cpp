@@ -7,6 +7,7 @@
 #include "MessageNames.h"
 #include "MessagingCenter.h"
 #include "PreviewFiles.h"
+#include "ProgramInfo.h"
 #include "TerminationSignals.h"
 
 #include <QGuiApplication>
@@ -23,7 +24,20 @@ namespace {
 struct Options {
     std::optional<std::string> root;
     double iconSize = 60;
+    bool help = false;
+    bool version = false;
 };
+
+void printUsage() {
+    std::printf("usage: pomwick-renderer [--root DIR] [--icon-size N]\n"
+                "The home-screen side of Pomwick's preview: serves com.velquor.pomwick on the "
+                "session bus\nand draws the badge background on \"saveBadgeImages\". The bus "
+                "starts it on demand.\n\noptions:\n"
+                "  --root DIR        the device root\n"
+                "  --icon-size N     the icon side in points it reports (60)\n"
+                "  --help, --version\n\n%s",
+                deviceRootHelp().c_str());
+}
 
 int fail(const QString& problem, int status = 1) {
     std::fprintf(stderr, "pomwick-renderer: %s\n", qPrintable(problem));
@@ -34,6 +48,10 @@ std::optional<Options> parse(const QStringList& arguments, QString& problem) {
     Options options;
     for (qsizetype i = 1; i < arguments.size(); ++i) {
         const QString& option = arguments[i];
+        if (option == "--help" || option == "-h" || option == "--version") {
+            (option == "--version" ? options.version : options.help) = true;
+            return options;
+        }
         if (i + 1 >= arguments.size() || (option != "--root" && option != "--icon-size")) {
             problem =
                 option == "--root" || option == "--icon-size"
@@ -77,7 +95,14 @@ int main(int argc, char** argv) {
     const auto options = parse(app.arguments(), problem);
     if (!options)
         return fail(problem, 2);
-    DeviceRoot::set(DeviceRoot::choose(options->root));
+    if (options->help)
+        printUsage();
+    if (options->version)
+        std::fputs(versionLine("pomwick-renderer").c_str(), stdout);
+    if (options->help || options->version)
+        return 0;
+    if (const auto refused = DeviceRoot::select(options->root))
+        return fail(QString::fromStdString(*refused));
 
     if (!sessionBusAvailable())
         return fail("no D-Bus session bus: DBUS_SESSION_BUS_ADDRESS is unset or unreachable "

@@ -1,5 +1,6 @@
 // pomwick-defaults: the settings from a terminal.
 #include "DevicePaths.h"
+#include "ProgramInfo.h"
 #include "ToolCommand.h"
 
 #include <iostream>
@@ -18,14 +19,15 @@ std::vector<ToolCommand> commands() {
 }
 
 void printUsage(std::ostream& out) {
-    out << "usage: pomwick-defaults [--root DIR] COMMAND [ARGUMENTS]\n\ncommands:\n";
+    out << "usage: pomwick-defaults [--root DIR] COMMAND [ARGUMENTS]\n"
+           "The settings of Pomwick from a terminal.\n\ncommands:\n";
     for (const ToolCommand& command : commands()) {
         const std::string call = command.name + " " + command.arguments;
         out << "  " << call << std::string(call.size() < 18 ? 18 - call.size() : 1, ' ')
             << command.summary << "\n";
     }
-    out << "\nThe device root is DIR, else $POMWICK_ROOT, else "
-        << DeviceRoot::defaultRoot().string() << ".\n";
+    out << "\noptions:\n  --root DIR        the device root\n  --help, --version\n\n"
+        << deviceRootHelp();
 }
 
 int usageFailure(const std::string& problem) {
@@ -43,6 +45,10 @@ int main(int argc, char** argv) {
         arguments.erase(arguments.begin());
         if (option == "--help" || option == "-h") {
             printUsage(std::cout);
+            return 0;
+        }
+        if (option == "--version") {
+            std::cout << versionLine("pomwick-defaults");
             return 0;
         }
         if (option != "--root")
@@ -64,7 +70,10 @@ int main(int argc, char** argv) {
             return usageFailure("'" + name + "' needs " + command.arguments);
         if (arguments.size() > command.maximumArguments)
             return usageFailure("too many arguments for '" + name + "'");
-        DeviceRoot::set(DeviceRoot::choose(root));
+        if (const auto refused = DeviceRoot::select(root)) {
+            std::cerr << "pomwick-defaults: " << *refused << "\n";
+            return operationFailed;
+        }
         return command.run(arguments);
     }
     return usageFailure("unknown command '" + name + "'");

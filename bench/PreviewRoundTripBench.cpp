@@ -1,10 +1,12 @@
 // The preview round trip against a real renderer on a private bus ("saveBadgeImages" sent, the
 // renderer draws and writes, "badgeSavedToTmp" comes back, the preview badge is composed),
 // measured beside a bare two-message ping-pong with a peer process on the same bus.
+#include "DevicePaths.h"
 #include "MessageNames.h"
 #include "MessagingCenter.h"
 #include "PreviewComposition.h"
 #include "PrivateSessionBus.h"
+#include "Settings.h"
 #include "TemporaryDeviceRoot.h"
 
 #include <QCoreApplication>
@@ -15,6 +17,7 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <clocale>
+#include <filesystem>
 #include <memory>
 #include <vector>
 
@@ -81,8 +84,14 @@ template <typename Exchange> void measure(benchmark::State& state, Exchange exch
     state.counters["p99_us"] = samples[std::min(samples.size() - 1, samples.size() * 99 / 100)];
 }
 
+// state.range(0): 0 for the defaults (no settings file: a round badge), 1 for a file that holds a
+// longer text (a pill).
 void PreviewRoundTrip(benchmark::State& state) {
     Peers& bus = peers();
+    if (state.range(0))
+        setPreferencesObjectKey("Alert:@", SettingsKey::badgeTextFieldText);
+    else
+        std::filesystem::remove(hostPath(DevicePath::preferencesFile));
     const QRectF icon(0, 45, 60, 60);
     measure(state, [&] {
         const int before = bus.answers;
@@ -103,7 +112,13 @@ void DBusPingPong(benchmark::State& state) {
 }
 
 BENCHMARK(DBusPingPong)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
-BENCHMARK(PreviewRoundTrip)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
+BENCHMARK(PreviewRoundTrip)
+    ->ArgName("pill")
+    ->Arg(0)
+    ->Arg(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond)
+    ->Iterations(2000);
 
 } // namespace
 

@@ -1,21 +1,24 @@
 #!/usr/bin/env bash
-# Configures and builds one build tree: scripts/build.sh [release|sanitize|fuzz]
-# (fuzz: clang, only the libFuzzer programs and what they use)
+# Configures and builds one developer build tree: scripts/build.sh [release|sanitize|fuzz]
+# (fuzz: clang, only the libFuzzer programs and what they use). Warnings are errors here, and in
+# CI, which calls it; a plain cmake build (a packager's) only shows them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 kind=${1:-release}
 targets=()
 case "$kind" in
-    release) dir=build; options=(-DCMAKE_BUILD_TYPE=RelWithDebInfo) ;;
-    sanitize) dir=build-sanitize; options=(-DCMAKE_BUILD_TYPE=Debug -DPOMWICK_SANITIZE=ON -DPOMWICK_BUILD_BENCH=OFF) ;;
+    release) dir=build; options=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_COMPILE_WARNING_AS_ERROR=ON) ;;
+    sanitize) dir=build-sanitize; options=(-DCMAKE_BUILD_TYPE=Debug -DCMAKE_COMPILE_WARNING_AS_ERROR=ON -DPOMWICK_SANITIZE=ON -DPOMWICK_BUILD_BENCH=OFF) ;;
     fuzz) dir=build-fuzz; targets=(--target pomwick-fuzzers)
-          options=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++
+          options=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_COMPILE_WARNING_AS_ERROR=ON -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++
                    -DPOMWICK_FUZZ=ON -DPOMWICK_BUILD_TESTS=OFF -DPOMWICK_BUILD_BENCH=OFF) ;;
     *) echo "build: unknown kind '$kind' (release, sanitize or fuzz)" >&2; exit 2 ;;
 esac
 
 if [ ! -f "$dir/build.ninja" ]; then
     cmake -S . -B "$dir" -G Ninja "${options[@]}" >/dev/null
+else
+    cmake -S . -B "$dir" "${options[@]}" >/dev/null # a tree made before keeps up with the options
 fi
 cmake --build "$dir" -j "$(nproc)" "${targets[@]}"

@@ -13,6 +13,7 @@ packages=(
     at-spi2-core python3-pyatspi
     adwaita-icon-theme librsvg2-bin locales-all
     libgmime-3.0-dev python3
+    desktop-file-utils appstream
 )
 
 missing=()

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Sets up and starts the whole product: installs what is missing, builds, makes sure there is a
-# session bus, starts the renderer under its supervisor and opens the settings window.
+# Sets up and starts the whole product: installs what is missing, builds, and opens the settings
+# window on a private session bus that starts the renderer on demand from the build tree (D-Bus
+# activation: "Respring" kills the renderer, the next request starts it again). Needs no systemd.
 #   scripts/run.sh [--root DIR]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -8,9 +9,10 @@ cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 scripts/build.sh release >/dev/null
 
-root_args=()
 if [ "${1:-}" = "--root" ] && [ -n "${2:-}" ]; then
-    root_args=(--root "$2")
+    # The renderer is started by the bus, with the bus's environment: it finds the root there.
+    POMWICK_ROOT=$(realpath -m "$2")
+    export POMWICK_ROOT
 fi
 
 if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
@@ -23,13 +25,4 @@ MSG
     exit 1
 fi
 
-# The renderer and the window talk over the session bus; start a private one when there is none.
-if [ -z "${DBUS_SESSION_BUS_ADDRESS:-}" ]; then
-    exec dbus-run-session -- "$0" "$@"
-fi
-
-scripts/supervise-renderer.sh "${root_args[@]}" &
-supervisor=$!
-trap 'kill "$supervisor" 2>/dev/null; wait "$supervisor" 2>/dev/null || true' EXIT
-
-build/Host/pomwick-settings "${root_args[@]}"
+exec scripts/with-service-bus.sh build/dist/services build/Host/pomwick-settings

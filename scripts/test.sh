@@ -22,6 +22,11 @@ cmake -S . -B build-fuzz -DPOMWICK_FUZZ_SECONDS="${POMWICK_FUZZ_SECONDS:-60}" >/
 echo "== fuzzers (${POMWICK_FUZZ_SECONDS:-60} s each)"
 ctest --test-dir build-fuzz --output-on-failure -j 2 -L fuzz
 
+# The product as packagers build it and users install it: a plain Release build, installed,
+# packaged and run after its build tree is gone.
+echo "== install"
+scripts/check-install.sh
+
 # How big the tests are beside the code: lines of C++ that are neither blank nor comments.
 count_lines() {
     find "$@" \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 cat | awk '

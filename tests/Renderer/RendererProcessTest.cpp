@@ -1,9 +1,12 @@
 #include "RendererProcess.h"
 
+#include "BadgeImagePrimitives.h"
 #include "DevicePaths.h"
+#include "ImageContext.h"
 #include "ImageFile.h"
 #include "MessageNames.h"
 #include "MessagingCenter.h"
+#include "PreviewComposition.h"
 #include "PreviewFiles.h"
 #include "PrivateSessionBus.h"
 #include "Settings.h"
@@ -13,6 +16,7 @@
 #include <QDBusMessage>
 #include <QFile>
 #include <QTest>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -79,6 +83,60 @@ TEST_F(ScreenSide, ReportsTheIconSizeAndDrawsTheBackgroundFromTheSettings) {
     const QColor rim = background.pixelColor(background.width() / 2, background.height() / 20);
     EXPECT_EQ(rim, QColor(0, 0, 255));
     EXPECT_EQ(background.pixelColor(0, 0).alpha(), 0);
+}
+
+// The preview's badge background, scaled to its 24-point height as the composition does.
+QImage previewBackground() {
+    const QImage background = loadBadgeBackground();
+    const QSizeF size = pointSize(background);
+    return scaleImageToSize(background, QSizeF(24 / size.height() * size.width(), 24));
+}
+
+// Every pixel of the text, centred on the background as the composition centres it, lies on the
+// badge's opaque inside.
+bool textLiesInsideTheBadge(const QImage& background, const QImage& text) {
+    const double scale = background.devicePixelRatio();
+    const QSizeF room = pointSize(background) - pointSize(text);
+    const QPoint offset(int(std::round(float(room.width() * 0.5)) * scale),
+                        int(std::round(float(room.height() * 0.5)) * scale));
+    for (int y = 0; y < text.height(); ++y) {
+        for (int x = 0; x < text.width(); ++x) {
+            if (qAlpha(text.pixel(x, y)) == 0)
+                continue;
+            const QPoint at = offset + QPoint(x, y);
+            if (!background.rect().contains(at) || qAlpha(background.pixel(at)) < 250)
+                return false;
+        }
+    }
+    return true;
+}
+
+TEST_F(ScreenSide, TheBadgeIsAsWideAsItsTextRoundForOneCharacter) {
+    RendererProcess renderer;
+    ASSERT_TRUE(renderer.waitUntilServing());
+    const struct {
+        const char* text;
+        bool round;
+    } cases[] = {{"Alert:@", false}, {"@@@@@@", false}, {"", true}, {"@", true}};
+    for (const auto& c : cases) {
+        setPreferencesObjectKey(c.text, SettingsKey::badgeTextFieldText);
+        requestAndAwaitAnswer();
+        const QImage background = previewBackground();
+        const QImage text =
+            makeImageFromText(previewBadgeText(), getBadgeFont(), getBadgeFontColor(), true);
+        EXPECT_TRUE(textLiesInsideTheBadge(background, text)) << c.text;
+        EXPECT_EQ(pointSize(background).width() == 24, c.round) << c.text;
+        EXPECT_EQ(pointSize(composePreviewBadge(QRectF(0, 0, 60, 60), 60).image),
+                  pointSize(background))
+            << c.text;
+    }
+    // However long the text or large the font, the background stays bounded.
+    setPreferencesObjectKey(std::string(1000, '@'), SettingsKey::badgeTextFieldText);
+    setPreferencesObjectKey("500", SettingsKey::badgeFontSize);
+    requestAndAwaitAnswer();
+    const QSizeF widest = pointSize(previewBackground());
+    EXPECT_GT(widest.width(), 24 * 10);
+    EXPECT_LE(widest.width(), 24 * 16);
 }
 
 TEST_F(ScreenSide, StaysResponsiveUnderAFloodAndItsLastRenderIsTheLastSettings) {

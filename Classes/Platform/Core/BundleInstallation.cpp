@@ -4,6 +4,7 @@
 #include "DevicePaths.h"
 
 #include <cstdlib>
+#include <dlfcn.h>
 #include <fstream>
 #include <iterator>
 
@@ -36,28 +37,40 @@ std::optional<std::string> copyAtomically(const fs::path& source, const fs::path
     return std::nullopt;
 }
 
-// Where the bundle's built files come from: $POMWICK_BUNDLE_SOURCE, else the build tree's staged
-// bundle, else the installed one.
-fs::path bundleSource() {
-    if (const char* source = std::getenv("POMWICK_BUNDLE_SOURCE"); source && *source)
-        return source;
+constexpr const char* pluginFileName = "PomwickPreferences.so";
+
+// The folder of the library this code is part of.
+fs::path libraryFolder() {
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<void*>(&installedBundleDirectory), &info) == 0 ||
+        info.dli_fname == nullptr)
+        return {};
     std::error_code error;
-    if (fs::is_directory(POMWICK_STAGED_BUNDLE, error))
-        return POMWICK_STAGED_BUNDLE;
-    return POMWICK_INSTALLED_BUNDLE;
+    const fs::path library = fs::canonical(info.dli_fname, error);
+    return error ? fs::path() : library.parent_path();
 }
 
 } // namespace
 
+fs::path installedBundleDirectory() {
+    if (const char* source = std::getenv("POMWICK_BUNDLE_SOURCE"); source && *source)
+        return source;
+    return (libraryFolder() / POMWICK_BUNDLE_FROM_LIBDIR).lexically_normal();
+}
+
+fs::path installedBundlePlugin() {
+    return installedBundleDirectory() / pluginFileName;
+}
+
 std::optional<std::string> installBundleIntoDeviceRoot() {
-    const fs::path source = bundleSource();
+    const fs::path source = installedBundleDirectory();
     const fs::path target = hostPath(DevicePath::bundleDirectory);
     std::error_code error;
     if (!fs::is_directory(source, error))
         return "the settings bundle was not found at " + source.string() + " (build it first)";
     for (fs::recursive_directory_iterator it(source, error), end; it != end && !error;
          it.increment(error)) {
-        if (!it->is_regular_file())
+        if (!it->is_regular_file() || it->path().filename() == pluginFileName)
             continue;
         const fs::path destination = target / fs::relative(it->path(), source);
         if (isCurrent(it->path(), destination))

@@ -24,11 +24,22 @@ public:
     static const std::filesystem::path& current();
     static void set(const std::filesystem::path& root);
 
-    // $XDG_STATE_HOME/pomwick/device, or ~/.local/state/pomwick/device: needs no root rights.
+    // $XDG_STATE_HOME/pomwick/device, or ~/.local/state/pomwick/device with the home folder
+    // from $HOME or else the password database: needs no root rights, and never lies in a shared
+    // folder. Empty when the user has no home folder at all.
     static std::filesystem::path defaultRoot();
 
     // The root a program runs on: its --root option, else $POMWICK_ROOT, else defaultRoot().
     static std::filesystem::path choose(const std::optional<std::string>& rootOption);
+
+    // Why the root must not be used, or nothing. Another user must not be able to change what
+    // the programs read there: the root (where it exists) is ours and writable by no one else,
+    // and every folder above it is ours or root's and writable by no one else unless sticky
+    // (as /tmp is), so nobody can swap the root itself.
+    static std::optional<std::string> refusal(const std::filesystem::path& root);
+
+    // choose() and set() for a program's start; the refusal when the chosen root is unsafe.
+    static std::optional<std::string> select(const std::optional<std::string>& rootOption);
 };
 
 // The host path of a device path under the current root. A relative device path is taken from

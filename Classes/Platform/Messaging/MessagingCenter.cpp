@@ -114,7 +114,8 @@ void MessagingCenter::sendMessageName(const QString& messageName) const {
         return;
     QDBusMessage message =
         QDBusMessage::createMethodCall(name_, objectPath(), interfaceName(), messageName);
-    message.setAutoStartService(false);
+    // The bus may start the receiver on demand: the renderer is an activatable service.
+    message.setAutoStartService(true);
     // send() expects no reply and returns at once.
     bus.send(message);
 }

@@ -1,7 +1,10 @@
 #include "DevicePaths.h"
 
+#include <QTemporaryDir>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
 
 using namespace pomwick;
 
@@ -25,4 +28,54 @@ TEST(DevicePaths, RootComesFromOptionThenEnvironmentThenUserState) {
     unsetenv("XDG_STATE_HOME");
     setenv("HOME", "/home/someone", 1);
     EXPECT_EQ(DeviceRoot::defaultRoot(), "/home/someone/.local/state/pomwick/device");
+}
+
+TEST(DevicePaths, WithoutHomeTheDefaultRootIsInTheHomeFolderOfThePasswordDatabase) {
+    unsetenv("XDG_STATE_HOME");
+    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+    unsetenv("HOME");
+    const passwd* user = getpwuid(geteuid());
+    ASSERT_NE(user, nullptr);
+    EXPECT_EQ(DeviceRoot::defaultRoot(),
+              std::filesystem::path(user->pw_dir) / ".local/state/pomwick/device");
+    if (!home.empty())
+        setenv("HOME", home.c_str(), 1);
+}
+
+TEST(DevicePaths, RefusesRootsThatOtherUsersCanChange) {
+    namespace fs = std::filesystem;
+    QTemporaryDir scratch;
+    const fs::path base = scratch.path().toStdString();
+    const auto folder = [&](const char* name, fs::perms perms) {
+        fs::create_directories(base / name);
+        fs::permissions(base / name, perms);
+        return base / name;
+    };
+    using fs::perms;
+    const perms own = perms::owner_all;
+    const perms shared = perms::all;
+    struct Case {
+        fs::path root;
+        const char* refusal; // nullptr: accepted
+    } cases[] = {
+        {folder("own", own), nullptr},
+        {base / "own" / "not-yet-made", nullptr},
+        {folder("world-writable", shared), "can be written by other users"},
+        {folder("open-parent", shared) / "device", "can be written by other users"},
+        {folder("sticky-parent", shared | perms::sticky_bit) / "device", nullptr},
+        {fs::path(), "no home folder"},
+    };
+    for (const Case& c : cases) {
+        const auto refusal = DeviceRoot::refusal(c.root);
+        if (c.refusal == nullptr)
+            EXPECT_EQ(refusal, std::nullopt) << c.root;
+        else
+            EXPECT_NE(refusal.value_or("").find(c.refusal), std::string::npos) << c.root;
+    }
+    if (geteuid() == 0) {
+        const fs::path theirs = folder("theirs", own);
+        ASSERT_EQ(chown(theirs.c_str(), 65534, 65534), 0);
+        EXPECT_NE(DeviceRoot::refusal(theirs).value_or("").find("belongs to another user"),
+                  std::string::npos);
+    }
 }
