@@ -2,7 +2,7 @@
 # relative to itself ($ORIGIN), so the product works in any prefix and after the build tree is
 # gone.
 set(POMWICK_LIBRARIES PlatformCore PlatformImage PlatformMessaging PlatformWidgets SettingsStore
-    BadgeRendering PomwickPreferencesScreen)
+    BadgeRendering FontPicker ColorPicker BadgePosition ZRProgressHUD PomwickPreferencesScreen)
 set(POMWICK_PROGRAMS pomwick-settings pomwick-renderer pomwick-defaults)
 
 set_target_properties(${POMWICK_LIBRARIES} PROPERTIES INSTALL_RPATH "$ORIGIN")
