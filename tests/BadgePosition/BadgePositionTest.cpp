@@ -79,9 +79,7 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
     EXPECT_EQ(badge(), QRectF(90, 45, 30, 24));
     EXPECT_FALSE(editor->iconImageView()->pixmap().isNull());
     const QRectF hint = frame(editor->infoTextView());
-    EXPECT_EQ(hint.top(), 32);
-    EXPECT_EQ(hint.left(), -1);
-    EXPECT_EQ(hint.width(), 322);
+    EXPECT_EQ(hint, QRectF(-1, 32, 322, hint.height()));
     EXPECT_EQ(editor->infoTextView()->text(), "Drag the badge bubble \nto your desired location.");
 
     // A landscape window: the square is centred again, the hint still at a tenth of the width.
@@ -127,9 +125,8 @@ TEST_F(BadgePosition, ATouchBesideTheBadgeMovesNothingButStillStoresThePlace) {
 TEST_F(BadgePosition, ArrowKeysNudgeOnePointAndStoreWhenLetGo) {
     open();
     QWidget* page = editor->view();
-    QTest::keyPress(page, Qt::Key_Left);
-    QTest::keyPress(page, Qt::Key_Left);
-    QTest::keyPress(page, Qt::Key_Up);
+    for (Qt::Key key : {Qt::Key_Left, Qt::Key_Left, Qt::Key_Up})
+        QTest::keyPress(page, key);
     EXPECT_EQ(storedLocation(), "(none)");
     QTest::keyRelease(page, Qt::Key_Up);
     EXPECT_EQ(badge(), QRectF(58, 59, 30, 24));

@@ -4,6 +4,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
+#include <tuple>
 
 namespace pomwick {
 namespace {
@@ -65,19 +66,17 @@ TEST(LJColorPickerView, StartsWithItsDefaultsAndClampsWhatItIsGiven) {
 
 // Swatch sides: the gap total is cut to whole points before it is subtracted from the width.
 TEST(LJColorPickerView, SizesSwatchesFromTheWidthLessTheWholeGaps) {
-    struct Case {
-        int width;
-        int perRow;
-        double padding;
-        qreal side;
-    };
-    for (const Case& c : {Case{320, 4, 2.0, 78}, Case{300, 3, 0.4, 100}, Case{300, 3, 0.5, 99},
-                          Case{321, 1, 2.0, 321}, Case{5, 4, 10.0, 0}}) {
-        Picker picker(9, c.width);
-        picker.view.setColorsPerRow(c.perRow);
-        picker.view.setColorCellPadding(c.padding);
-        const QRectF first = picker.grid()->layoutFrameForItem(0);
-        EXPECT_EQ(first.size(), QSizeF(c.side, c.side)) << c.width << " " << c.perRow;
+    for (const auto& [width, perRow, padding, side] :
+         {std::tuple<int, int, double, qreal>{320, 4, 2.0, 78},
+          {300, 3, 0.4, 100},
+          {300, 3, 0.5, 99},
+          {321, 1, 2.0, 321},
+          {5, 4, 10.0, 0}}) {
+        Picker picker(9, width);
+        picker.view.setColorsPerRow(perRow);
+        picker.view.setColorCellPadding(padding);
+        EXPECT_EQ(picker.grid()->layoutFrameForItem(0).size(), QSizeF(side, side))
+            << width << " " << perRow;
     }
 }
 
@@ -120,21 +119,18 @@ TEST(LJColorPickerView, TapBordersTheSwatchAndReportsItsColour) {
     EXPECT_EQ(picker.cell(7)->borderWidth(), 0);
     EXPECT_EQ(delegate.told.size(), 3u);
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[7]);
-}
 
-TEST(LJColorPickerView, DelegatesThatCannotBeToldAreLeftAlone) {
-    Picker picker(4);
+    // Delegates that cannot be told are left alone.
     QObject unaware;
     picker.view.setDelegate(&unaware);
     picker.tap(1);
-    EXPECT_EQ(picker.view.selectedColor(), palette(4)[1]);
-
+    EXPECT_EQ(picker.view.selectedColor(), palette(10)[1]);
     auto gone = std::make_unique<RecordingDelegate>();
     picker.view.setDelegate(gone.get());
     gone.reset();
     EXPECT_EQ(picker.view.delegate(), nullptr);
     picker.tap(3);
-    EXPECT_EQ(picker.view.selectedColor(), palette(4)[3]);
+    EXPECT_EQ(picker.view.selectedColor(), palette(10)[3]);
 }
 
 TEST(LJColorPickerView, EverySetterScrollsBackToTheTop) {

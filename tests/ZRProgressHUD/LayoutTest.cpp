@@ -31,10 +31,6 @@ QRectF inNotice(const QWidget* part) {
     return frame(part).translated(frame(part->parentWidget()).topLeft());
 }
 
-qreal labelHeight(const ZRProgressHUD* hud) {
-    return sizeWithAttributes("X", hud->labelFont()).height();
-}
-
 TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACentredPanel) {
     Host host({320, 480});
     ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
@@ -42,8 +38,7 @@ TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACentredPanel) {
     hud->setDetailsLabelText("Please wait");
     hud->layoutSubviews();
     const QSizeF label = sizeWithAttributes("Loading", hud->labelFont());
-    const QFontMetricsF details(hud->detailsLabelFont());
-    const qreal detailsHeight = details.height();
+    const qreal detailsHeight = QFontMetricsF(hud->detailsLabelFont()).height();
     const qreal contentHeight = 37 + 4 + label.height() + 4 + detailsHeight;
     EXPECT_DOUBLE_EQ(hud->panelSize().height(), contentHeight + 40);
     const qreal widest = std::max({37.0, label.width(), inNotice(hud->detailsLabel()).width()});
@@ -74,33 +69,25 @@ TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
     EXPECT_DOUBLE_EQ(inNotice(hud->label()).width(), 320 - 80);
     const QRectF details = inNotice(hud->detailsLabel());
     EXPECT_LE(details.width(), 240);
-    const qreal room = 240 - labelHeight(hud) - 4 - 80;
+    const qreal room = 240 - sizeWithAttributes("X", hud->labelFont()).height() - 4 - 80;
     EXPECT_LE(details.height(), room);
     EXPECT_GT(details.height(), room - QFontMetricsF(hud->detailsLabelFont()).lineSpacing());
 }
 
-struct SquareCase {
-    QSize host;
-    bool grows;
-};
-
-class SquareNotice : public testing::TestWithParam<SquareCase> {};
-
-TEST_P(SquareNotice, GrowsTheShortSideOnlyWhenItFits) {
-    Host host(GetParam().host);
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
-    hud->setLabelText("A wide label");
-    hud->layoutSubviews();
-    const QSizeF plain = hud->panelSize();
-    hud->setSquare(true);
-    hud->layoutSubviews();
-    EXPECT_DOUBLE_EQ(hud->panelSize().width(), plain.width());
-    EXPECT_DOUBLE_EQ(hud->panelSize().height(), GetParam().grows ? plain.width() : plain.height());
+// Square grows the short side to the long one, unless the host has no room for it.
+TEST(NoticeLayout, SquareGrowsTheShortSideOnlyWhenItFits) {
+    for (const auto& [size, grows] : {std::pair{QSize(320, 480), true}, {QSize(320, 120), false}}) {
+        Host host(size);
+        ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
+        hud->setLabelText("A wide label");
+        hud->layoutSubviews();
+        const QSizeF plain = hud->panelSize();
+        hud->setSquare(true);
+        hud->layoutSubviews();
+        EXPECT_DOUBLE_EQ(hud->panelSize().width(), plain.width());
+        EXPECT_DOUBLE_EQ(hud->panelSize().height(), grows ? plain.width() : plain.height());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Hosts, SquareNotice,
-                         testing::Values(SquareCase{{320, 480}, true},
-                                         SquareCase{{320, 120}, false}));
 
 TEST(NoticeLayout, MinSizeEnlargesThePanelButNotWhereTheContentSits) {
     Host host({320, 480});

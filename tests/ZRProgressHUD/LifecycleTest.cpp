@@ -255,8 +255,6 @@ TEST(NoticeOverAView, ATopLevelWindowTurnsTheNoticeWithTheScreen) {
     ZRProgressHUD::setInterfaceOrientationOverride(3);
     auto* hud = ZRProgressHUD::showHUDAddedTo(&window, false);
     EXPECT_DOUBLE_EQ(hud->rotationAngle(), std::numbers::pi / 2);
-    hud->setLabelText("Turned");
-    hud->layoutSubviews();
     // It lays out in its turned bounds, 300 wide: a long label is cut to 300 - 4m.
     hud->setLabelText(QString(200, 'W'));
     hud->layoutSubviews();

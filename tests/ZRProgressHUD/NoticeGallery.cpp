@@ -36,16 +36,12 @@ QWidget* pageLikeHost(QWidget* parent) {
     return host;
 }
 
-bool save(const QPixmap& picture, const QDir& out, const char* name) {
-    if (picture.save(out.filePath(name)))
+bool photograph(QWidget* window, const QDir& out, const char* name) {
+    QTest::qWait(450); // the 0.3-second animations, and the window manager's first paint
+    if (window->screen()->grabWindow(window->winId()).save(out.filePath(name)))
         return true;
     std::fprintf(stderr, "cannot write %s\n", qPrintable(out.filePath(name)));
     return false;
-}
-
-QPixmap photograph(QWidget* window) {
-    QTest::qWait(450); // the 0.3-second animations, and the window manager's first paint
-    return window->screen()->grabWindow(window->winId());
 }
 
 } // namespace
@@ -87,8 +83,7 @@ int main(int argc, char** argv) {
         {ZRProgressHUDModeTextOnly, "Saved", "Your badge settings were stored.", 0, false},
         {ZRProgressHUDModeSpinner, "Please wait", "Dimmed background", 0, true},
     };
-    int index = 0;
-    for (const Scene& scene : scenes) {
+    for (int index = 0; const Scene& scene : scenes) {
         QWidget* host = pageLikeHost(&gallery);
         grid->addWidget(host, index / 4, index % 4);
         ++index;
@@ -108,7 +103,7 @@ int main(int argc, char** argv) {
         }
     }
     gallery.show();
-    if (!save(photograph(&gallery), out, "notice-gallery.png"))
+    if (!photograph(&gallery, out, "notice-gallery.png"))
         return 1;
     gallery.hide();
 
@@ -129,12 +124,11 @@ int main(int argc, char** argv) {
     }
     strip.show();
     QTest::qWait(100);
-    for (int i = 0; i < 5; ++i) {
-        QAbstractAnimation* animation = frames[size_t(i)]->runningAnimation();
-        animation->pause();
-        animation->setCurrentTime(i * 75);
+    for (int i = 0; ZRProgressHUD * hud : frames) {
+        hud->runningAnimation()->pause();
+        hud->runningAnimation()->setCurrentTime(i++ * 75);
     }
-    if (!save(photograph(&strip), out, "notice-frames.png"))
+    if (!photograph(&strip, out, "notice-frames.png"))
         return 1;
     strip.hide();
 
@@ -144,7 +138,7 @@ int main(int argc, char** argv) {
     page->setWindowTitle("Pomwick");
     page->show();
     screen.contactByMail();
-    if (!save(photograph(page), out, "mail-composer.png"))
+    if (!photograph(page, out, "mail-composer.png"))
         return 1;
     auto* composer = page->findChild<FeedbackMailComposer*>();
     if (composer == nullptr)
@@ -160,7 +154,7 @@ int main(int argc, char** argv) {
         auto* finished = new FeedbackMailComposer;
         finished->presentOver(page, false);
         screen.didFinishWithResult(finished, result, {});
-        if (!save(photograph(page), out, file))
+        if (!photograph(page, out, file))
             return 1;
     }
     return 0;
