@@ -100,14 +100,11 @@ TEST(ConcurrentWriter, TemporariesOfKilledWritersAreRemovedAtTheNextWrite) {
     root.writeFile(folder + ".com.velquor.pomwickpreferences.plist.kept", "not ours");
     root.writeFile(folder + "other.plist.Ab3xY9", "not ours");
     setPreferencesObjectKey("1", SettingsKey::enabled);
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(root.at(folder)))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, (std::vector<std::string>{".com.velquor.pomwickpreferences.plist.kept",
-                                               ".com.velquor.pomwickpreferences.plist.lock",
-                                               "com.velquor.pomwickpreferences.plist",
-                                               "other.plist.Ab3xY9"}));
+    EXPECT_EQ(
+        root.preferencesFiles(),
+        (std::vector<std::string>{".com.velquor.pomwickpreferences.plist.kept",
+                                  ".com.velquor.pomwickpreferences.plist.lock",
+                                  "com.velquor.pomwickpreferences.plist", "other.plist.Ab3xY9"}));
 }
 
 TEST(ConcurrentWriter, AWriterThatHangsHoldingTheLockDelaysOthersButNeverHangsThem) {
