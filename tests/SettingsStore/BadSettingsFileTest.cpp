@@ -3,11 +3,14 @@
 #include "Settings.h"
 #include "SettingsFile.h"
 
+#include <QByteArray>
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 
 using namespace pomwick;
+using namespace std::string_literals;
 namespace binary = pomwick::test::binary;
 using pomwick::test::plistXml;
 using pomwick::test::SettingsRoot;
@@ -17,8 +20,7 @@ namespace {
 std::string randomBytes(size_t size, unsigned seed) {
     std::mt19937 generator(seed);
     std::string bytes(size, '\0');
-    for (char& byte : bytes)
-        byte = static_cast<char>(generator());
+    std::generate(bytes.begin(), bytes.end(), generator);
     return bytes;
 }
 
@@ -30,12 +32,8 @@ std::string everyKeyHolding(const std::string& valueXml) {
     return plistXml(body + "</dict>");
 }
 
-std::string repeated(std::string_view text, size_t times) {
-    std::string all;
-    all.reserve(text.size() * times);
-    for (size_t i = 0; i < times; ++i)
-        all += text;
-    return all;
+std::string repeated(const char* text, qsizetype times) {
+    return QByteArray(text).repeated(times).toStdString();
 }
 
 class BadSettingsFile : public testing::Test {
@@ -63,30 +61,19 @@ TEST_F(BadSettingsFile, UnusableFilesGiveEveryDefault) {
         {"binary signature then junk", "bplist00" + randomBytes(200, 2)},
         {"unterminated tags", "<?xml version=\"1.0\"?><plist><dict><key>ENABLED<key><string>"},
         {"50 MiB of junk", randomBytes(50 * 1024 * 1024, 3)},
+        // A NUL inside a string must not abort the parser.
+        {"NUL in a string",
+         "<plist><dict><key>BADGE_FONT</key><string>a\0b</string></dict></plist>"s},
+        {"NUL in a key", "<plist><dict><key>ENABLED\0</key><string>0</string></dict></plist>"s},
     });
 }
 
-TEST_F(BadSettingsFile, ANulInsideAStringGivesTheDefaultsInsteadOfAborting) {
-    using namespace std::string_literals;
-    expectDefaultsFrom({
-        {"XML", "<plist><dict><key>BADGE_FONT</key><string>a\0b</string></dict></plist>"s},
-        {"XML key", "<plist><dict><key>ENABLED\0</key><string>0</string></dict></plist>"s},
-    });
-}
-
-TEST_F(BadSettingsFile, DeepNestingIsRefusedBeforeParsing) {
+// Deep nesting is refused before parsing, and shared references never expand into memory.
+TEST_F(BadSettingsFile, DeepOrSelfMultiplyingStructuresGiveEveryDefault) {
     std::vector<std::string> chain;
     for (uint32_t i = 1; i < 100000; ++i)
         chain.push_back(binary::array({i}));
     chain.push_back(binary::array({}));
-    expectDefaultsFrom({
-        {"XML, 180,000 arrays deep",
-         plistXml(repeated("<array>", 180000) + repeated("</array>", 180000))},
-        {"binary, 100,000 arrays deep", binary::plist(chain)},
-    });
-}
-
-TEST_F(BadSettingsFile, SharedReferencesCannotMultiplyIntoUnboundedMemory) {
     // Each array refers twice to the next: 2^60 objects once every reference is expanded.
     std::vector<std::string> doubling;
     for (uint32_t i = 1; i <= 60; ++i)
@@ -98,6 +85,9 @@ TEST_F(BadSettingsFile, SharedReferencesCannotMultiplyIntoUnboundedMemory) {
                        binary::text("0"), binary::text("BADGE_FONT"),
                        binary::array(std::vector<uint32_t>(2000, 5)), binary::data(1 << 20)});
     expectDefaultsFrom({
+        {"XML, 180,000 arrays deep",
+         plistXml(repeated("<array>", 180000) + repeated("</array>", 180000))},
+        {"binary, 100,000 arrays deep", binary::plist(chain)},
         {"doubling references", binary::plist(doubling)},
         {"an array holding itself", binary::plist({binary::array({0})})},
         {"one megabyte, 2,000 times", gigabyte},

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <memory>
 #include <random>
 #include <sys/file.h>
 #include <thread>
@@ -20,15 +21,19 @@ using pomwick::test::SettingsRoot;
 
 namespace {
 
-QProcess* startWriter(const SettingsRoot& root, int count, const QString& keyPrefix = {}) {
-    auto* writer = new QProcess;
-    QStringList arguments = {QString::fromStdString(root.path().string()), QString::number(count)};
-    if (!keyPrefix.isEmpty())
-        arguments << keyPrefix;
-    writer->start(SETTINGS_WRITER, arguments);
-    EXPECT_TRUE(writer->waitForStarted(5000));
-    return writer;
-}
+class ConcurrentWriter : public testing::Test {
+protected:
+    std::unique_ptr<QProcess> startWriter(int count, const QString& keyPrefix = {}) const {
+        auto writer = std::make_unique<QProcess>();
+        QStringList arguments{QString::fromStdString(root.path().string()), QString::number(count)};
+        if (!keyPrefix.isEmpty())
+            arguments << keyPrefix;
+        writer->start(SETTINGS_WRITER, arguments);
+        EXPECT_TRUE(writer->waitForStarted(5000));
+        return writer;
+    }
+    SettingsRoot root;
+};
 
 // The file is either of the two texts the writer stores, complete, and parses as a dictionary.
 void expectWholeFile() {
@@ -41,10 +46,9 @@ void expectWholeFile() {
 
 } // namespace
 
-TEST(ConcurrentWriter, AReaderNeverSeesAHalfWrittenFile) {
-    SettingsRoot root;
+TEST_F(ConcurrentWriter, AReaderNeverSeesAHalfWrittenFile) {
     setPreferencesObjectKey("short", SettingsKey::badgeTextFieldText);
-    std::unique_ptr<QProcess> writer(startWriter(root, 10000));
+    const auto writer = startWriter(10000);
     int reads = 0;
     while (writer->state() != QProcess::NotRunning) {
         expectWholeFile();
@@ -59,13 +63,12 @@ TEST(ConcurrentWriter, AReaderNeverSeesAHalfWrittenFile) {
     expectWholeFile();
 }
 
-TEST(ConcurrentWriter, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
-    SettingsRoot root;
+TEST_F(ConcurrentWriter, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
     setPreferencesObjectKey("short", SettingsKey::badgeTextFieldText);
     std::mt19937 generator(7);
     std::uniform_int_distribution<int> delayMicroseconds(0, 20000);
     for (int round = 0; round < 25; ++round) {
-        std::unique_ptr<QProcess> writer(startWriter(root, 0));
+        const auto writer = startWriter(0);
         std::this_thread::sleep_for(std::chrono::microseconds(delayMicroseconds(generator)));
         ::kill(static_cast<pid_t>(writer->processId()), SIGKILL);
         writer->waitForFinished(5000);
@@ -77,11 +80,10 @@ TEST(ConcurrentWriter, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
     EXPECT_EQ(getBadgeTextFieldText(), "short");
 }
 
-TEST(ConcurrentWriter, TwoWritersAtOnceNeverLoseEachOthersKeys) {
-    SettingsRoot root;
+TEST_F(ConcurrentWriter, TwoWritersAtOnceNeverLoseEachOthersKeys) {
     constexpr int keysEach = 150;
-    std::unique_ptr<QProcess> first(startWriter(root, keysEach, "FIRST_"));
-    std::unique_ptr<QProcess> second(startWriter(root, keysEach, "SECOND_"));
+    const auto first = startWriter(keysEach, "FIRST_");
+    const auto second = startWriter(keysEach, "SECOND_");
     ASSERT_TRUE(first->waitForFinished(60000) && second->waitForFinished(60000));
     const auto dictionary = PlistDictionary::readFromFile(hostPath(DevicePath::preferencesFile));
     ASSERT_TRUE(dictionary);
@@ -92,26 +94,21 @@ TEST(ConcurrentWriter, TwoWritersAtOnceNeverLoseEachOthersKeys) {
     EXPECT_EQ(lost, 0);
 }
 
-TEST(ConcurrentWriter, TemporariesOfKilledWritersAreRemovedAtTheNextWrite) {
-    SettingsRoot root;
+TEST_F(ConcurrentWriter, TemporariesOfKilledWritersAreRemovedAtTheNextWrite) {
     const std::string folder = "/var/mobile/Library/Preferences/";
     root.writeFile(folder + ".com.velquor.pomwickpreferences.plist.Ab3xY9",
                    "left by a killed writer");
     root.writeFile(folder + ".com.velquor.pomwickpreferences.plist.kept", "not ours");
     root.writeFile(folder + "other.plist.Ab3xY9", "not ours");
     setPreferencesObjectKey("1", SettingsKey::enabled);
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(root.at(folder)))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, (std::vector<std::string>{".com.velquor.pomwickpreferences.plist.kept",
-                                               ".com.velquor.pomwickpreferences.plist.lock",
-                                               "com.velquor.pomwickpreferences.plist",
-                                               "other.plist.Ab3xY9"}));
+    EXPECT_EQ(
+        root.preferencesFiles(),
+        (std::vector<std::string>{".com.velquor.pomwickpreferences.plist.kept",
+                                  ".com.velquor.pomwickpreferences.plist.lock",
+                                  "com.velquor.pomwickpreferences.plist", "other.plist.Ab3xY9"}));
 }
 
-TEST(ConcurrentWriter, AWriterThatHangsHoldingTheLockDelaysOthersButNeverHangsThem) {
-    SettingsRoot root;
+TEST_F(ConcurrentWriter, AWriterThatHangsHoldingTheLockDelaysOthersButNeverHangsThem) {
     setPreferencesObjectKey("1", SettingsKey::enabled);
     // flock locks belong to an open file: this one conflicts with the setter's own.
     const auto lockFile =

@@ -13,40 +13,19 @@ using pomwick::test::SettingsRoot;
 
 namespace {
 
-std::vector<std::string> filesIn(const std::filesystem::path& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        names.push_back(entry.path().filename().string());
-    return names;
-}
-
-std::filesystem::path preferencesFolder() {
-    return hostPath(DevicePath::preferencesFile).parent_path();
-}
-
 // Limits the size of files this process may write, so that a write fails even for root.
-class FileSizeLimit {
-public:
+struct FileSizeLimit {
     explicit FileSizeLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &previous_);
+        getrlimit(RLIMIT_FSIZE, &previous);
         std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{bytes, previous_.rlim_max};
+        const rlimit limit{bytes, previous.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &previous_); }
-
-private:
-    rlimit previous_{};
+    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &previous); }
+    rlimit previous{};
 };
 
 } // namespace
-
-TEST(SettingsSetter, CreatesTheFileWithItsFoldersWhenMissing) {
-    SettingsRoot root;
-    setPreferencesObjectKey("0", SettingsKey::enabled);
-    EXPECT_FALSE(getEnabled());
-    EXPECT_EQ(filesIn(preferencesFolder()).size(), 2u) << "the file and its lock file";
-}
 
 TEST(SettingsSetter, KeepsEveryOtherKeyIncludingValuesOfOtherKinds) {
     SettingsRoot root;
@@ -71,9 +50,10 @@ TEST(SettingsSetter, ReplacesAnUnreadableFileWithOneHoldingOnlyTheKey) {
     EXPECT_EQ(root.settingsBytes().find("not a property list"), std::string::npos);
 }
 
-TEST(SettingsSetter, AFailedWriteKeepsTheOldFileWholeAndLeavesNoTemporary) {
+TEST(SettingsSetter, CreatesTheFileAndItsFoldersAndAFailedWriteKeepsItWholeAndNoTemporary) {
     SettingsRoot root;
-    setPreferencesObjectKey("1", SettingsKey::enabled);
+    setPreferencesObjectKey("0", SettingsKey::enabled);
+    EXPECT_FALSE(getEnabled());
     const std::string before = root.settingsBytes();
     {
         const FileSizeLimit limit(before.size() + 16);
@@ -82,7 +62,9 @@ TEST(SettingsSetter, AFailedWriteKeepsTheOldFileWholeAndLeavesNoTemporary) {
         ASSERT_TRUE(failure);
     }
     EXPECT_EQ(root.settingsBytes(), before);
-    EXPECT_EQ(filesIn(preferencesFolder()).size(), 2u) << "the file and its lock file";
+    EXPECT_EQ(root.preferencesFiles(),
+              (std::vector<std::string>{".com.velquor.pomwickpreferences.plist.lock",
+                                        "com.velquor.pomwickpreferences.plist"}));
 }
 
 TEST(SettingsSetter, RoundTripsNumbersUnderACommaDecimalLocale) {

@@ -3,6 +3,8 @@
 #include "DevicePaths.h"
 #include "Settings.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace pomwick::test {
@@ -92,6 +94,15 @@ void SettingsRoot::writeSettings(const std::string& bytes) const {
 
 std::string SettingsRoot::settingsBytes() const {
     return readFile(std::string(DevicePath::preferencesFile));
+}
+
+std::vector<std::string> SettingsRoot::preferencesFiles() const {
+    std::vector<std::string> names;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(hostPath(DevicePath::preferencesFile).parent_path()))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 } // namespace pomwick::test

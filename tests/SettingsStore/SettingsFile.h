@@ -32,6 +32,8 @@ class SettingsRoot : public TemporaryDeviceRoot {
 public:
     void writeSettings(const std::string& bytes) const;
     std::string settingsBytes() const;
+    // The names in the settings file's folder, sorted.
+    std::vector<std::string> preferencesFiles() const;
 };
 
 } // namespace pomwick::test

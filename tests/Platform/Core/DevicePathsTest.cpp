@@ -18,7 +18,8 @@ TEST(DevicePaths, DevicePathsLiveUnderTheCurrentRoot) {
     DeviceRoot::set(previous);
 }
 
-TEST(DevicePaths, RootComesFromOptionThenEnvironmentThenUserState) {
+TEST(DevicePaths, RootComesFromOptionThenEnvironmentThenUserStateThenHome) {
+    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
     setenv("POMWICK_ROOT", "/from/environment", 1);
     EXPECT_EQ(DeviceRoot::choose(std::string("/from/option")), "/from/option");
     EXPECT_EQ(DeviceRoot::choose(std::nullopt), "/from/environment");
@@ -28,11 +29,7 @@ TEST(DevicePaths, RootComesFromOptionThenEnvironmentThenUserState) {
     unsetenv("XDG_STATE_HOME");
     setenv("HOME", "/home/someone", 1);
     EXPECT_EQ(DeviceRoot::defaultRoot(), "/home/someone/.local/state/pomwick/device");
-}
-
-TEST(DevicePaths, WithoutHomeTheDefaultRootIsInTheHomeFolderOfThePasswordDatabase) {
-    unsetenv("XDG_STATE_HOME");
-    const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+    // Without HOME, the home folder of the password database.
     unsetenv("HOME");
     const passwd* user = getpwuid(geteuid());
     ASSERT_NE(user, nullptr);

@@ -30,15 +30,23 @@ std::string pngHeaderDeclaring(uint32_t width, uint32_t height) {
 
 } // namespace
 
-TEST(ImageFile, UnusableFilesGiveANullImageWithoutDecodingThem) {
+TEST(ImageFile, ValidFilesLoadAtScaleOneAndUnusableOnesGiveANullImageWithoutDecoding) {
     QTemporaryDir folder;
     const std::filesystem::path path = folder.filePath("image.png").toStdString();
-    QImage valid(8, 8, QImage::Format_ARGB32);
-    valid.fill(Qt::red);
-    ASSERT_TRUE(writePngAtomically(valid, path));
+    QImage image(6, 4, QImage::Format_ARGB32);
+    image.fill(Qt::blue);
+    image.setDevicePixelRatio(2);
+    ASSERT_TRUE(writePngAtomically(image, path));
+    const QImage loaded = imageWithContentsOfFile(path);
+    ASSERT_FALSE(loaded.isNull());
+    EXPECT_EQ(loaded.size(), QSize(6, 4));
+    EXPECT_EQ(loaded.devicePixelRatio(), 1.0);
+    EXPECT_EQ(loaded.pixelColor(0, 0), QColor(Qt::blue));
+    // The write left no temporary behind.
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"image.png"});
+
     std::ifstream in(path, std::ios::binary);
     const std::string validBytes{std::istreambuf_iterator<char>(in), {}};
-
     const std::pair<const char*, std::string> files[] = {
         {"empty", ""},
         {"truncated", validBytes.substr(0, validBytes.size() / 2)},
@@ -51,19 +59,4 @@ TEST(ImageFile, UnusableFilesGiveANullImageWithoutDecodingThem) {
         EXPECT_TRUE(imageWithContentsOfFile(path).isNull()) << what;
     }
     EXPECT_TRUE(imageWithContentsOfFile(folder.filePath("missing.png").toStdString()).isNull());
-}
-
-TEST(ImageFile, ValidFilesLoadAtScaleOneAndWritesLeaveNoTemporary) {
-    QTemporaryDir folder;
-    const std::filesystem::path path = folder.filePath("image.png").toStdString();
-    QImage image(6, 4, QImage::Format_ARGB32);
-    image.fill(Qt::blue);
-    image.setDevicePixelRatio(2);
-    ASSERT_TRUE(writePngAtomically(image, path));
-    const QImage loaded = imageWithContentsOfFile(path);
-    ASSERT_FALSE(loaded.isNull());
-    EXPECT_EQ(loaded.size(), QSize(6, 4));
-    EXPECT_EQ(loaded.devicePixelRatio(), 1.0);
-    EXPECT_EQ(loaded.pixelColor(0, 0), QColor(Qt::blue));
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"image.png"});
 }

@@ -47,6 +47,15 @@ protected:
         (void)QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 15000);
         return QString::fromUtf8(process.readAll());
     }
+
+    // gdbus always awaits the reply; a call left unanswered would end in its own timeout.
+    static QString gdbusCall(const QString& member, const QStringList& arguments = {}) {
+        return run("gdbus", QStringList{"call", "--session", "--timeout", "10", "--dest",
+                                        CenterName::preferences, "--object-path",
+                                        "/com/velquor/pomwickpreferences", "--method",
+                                        "com.velquor.pomwickpreferences." + member} +
+                                arguments);
+    }
 };
 
 } // namespace
@@ -138,7 +147,6 @@ TEST_F(MessagingCenterTest, AnswersCallsAwaitingAReplyAtOnceAndRefusesArguments)
         const char* answer;
         int deliveries;
     };
-    // gdbus always awaits the reply; a call left unanswered would end in its own timeout.
     const Call calls[] = {
         {"reloadData", {}, "()", 1},
         {"unknownMessage", {}, "org.freedesktop.DBus.Error.UnknownMethod", 0},
@@ -147,12 +155,7 @@ TEST_F(MessagingCenterTest, AnswersCallsAwaitingAReplyAtOnceAndRefusesArguments)
     };
     for (const Call& call : calls) {
         delivered = 0;
-        const QString answer =
-            run("gdbus", QStringList{"call", "--session", "--timeout", "10", "--dest",
-                                     CenterName::preferences, "--object-path",
-                                     "/com/velquor/pomwickpreferences", "--method",
-                                     "com.velquor.pomwickpreferences." + QString(call.member)} +
-                             call.arguments);
+        const QString answer = gdbusCall(call.member, call.arguments);
         EXPECT_TRUE(answer.contains(call.answer)) << call.member << ": " << answer.toStdString();
         EXPECT_EQ(delivered, call.deliveries) << call.member;
     }
@@ -160,10 +163,6 @@ TEST_F(MessagingCenterTest, AnswersCallsAwaitingAReplyAtOnceAndRefusesArguments)
     // One way, with arguments: dropped without an answer; the call after it still arrives.
     delivered = 0;
     dbusSend("reloadData", {"string:x"});
-    EXPECT_TRUE(
-        run("gdbus", {"call", "--session", "--timeout", "10", "--dest", CenterName::preferences,
-                      "--object-path", "/com/velquor/pomwickpreferences", "--method",
-                      "com.velquor.pomwickpreferences.reloadData"})
-            .contains("()"));
+    EXPECT_TRUE(gdbusCall("reloadData").contains("()"));
     EXPECT_EQ(delivered, 1);
 }

@@ -50,7 +50,6 @@ struct ShownPicker {
 
 TEST(PickerView, MakesOnlyTheRowsItShows) {
     ShownPicker shown;
-    EXPECT_EQ(shown.picker.numberOfRowsInComponent(0), 1000);
     EXPECT_GT(shown.numbers.made.size(), 3u);
     EXPECT_LT(shown.numbers.made.size(), 20u) << "a 216-point wheel shows about seven rows";
     shown.picker.selectRow(500, 0, false);
@@ -110,7 +109,6 @@ TEST(PickerView, ReloadsKeepTheSelectionInsideTheRows) {
     shown.picker.reloadAllComponents();
     EXPECT_EQ(shown.picker.numberOfRowsInComponent(1), 0);
     EXPECT_EQ(shown.picker.selectedRowInComponent(1), -1);
-    EXPECT_EQ(shown.picker.selectedRowInComponent(5), -1);
     EXPECT_FALSE(shown.picker.grab().isNull());
 }
 

@@ -34,24 +34,32 @@ public:
     }
 };
 
+// A field and another focusable widget in a shown window; the field has the focus.
+class TextFieldTest : public testing::Test {
+protected:
+    void SetUp() override {
+        field->setDelegate(&delegate);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        field->setFocus();
+    }
+    RecordingDelegate delegate;
+    QWidget window;
+    TextField* field = new TextField(&window);
+    QLineEdit* other = new QLineEdit(&window);
+};
+
 } // namespace
 
-TEST(TextField, AsksBeforeEveryEditWithItsRangeAndReplacement) {
-    TextField field;
-    RecordingDelegate delegate;
-    field.setDelegate(&delegate);
-    field.setText("Hello");
-    field.show();
-    QApplication::setActiveWindow(&field);
-    field.setFocus();
-    EXPECT_EQ(delegate.begins, 1);
+TEST_F(TextFieldTest, AsksBeforeEveryEditWithItsRangeAndReplacementAndHonoursARefusal) {
+    field->setText("Hello");
 
-    field.setCursorPosition(5);
-    QTest::keyClicks(&field, "!");
-    QTest::keyClick(&field, Qt::Key_Home);
-    QTest::keyClick(&field, Qt::Key_Delete);
-    field.setSelection(1, 3);
-    field.insert(QString::fromUtf8("\xF0\x9F\x98\x80"));
+    field->setCursorPosition(5);
+    QTest::keyClicks(field, "!");
+    QTest::keyClick(field, Qt::Key_Home);
+    QTest::keyClick(field, Qt::Key_Delete);
+    field->setSelection(1, 3);
+    field->insert(QString::fromUtf8("\xF0\x9F\x98\x80"));
     ASSERT_EQ(delegate.edits.size(), 3u);
     EXPECT_EQ(delegate.edits[0].before, "Hello");
     EXPECT_EQ(delegate.edits[0].range, (TextRange{5, 0}));
@@ -61,21 +69,20 @@ TEST(TextField, AsksBeforeEveryEditWithItsRangeAndReplacement) {
     // UTF-16 units, as the device counts: the emoji is two.
     EXPECT_EQ(delegate.edits[2].range, (TextRange{1, 3}));
     EXPECT_EQ(delegate.edits[2].replacement.size(), 2);
-    EXPECT_EQ(field.text(), QString::fromUtf8("e\xF0\x9F\x98\x80!"));
+    EXPECT_EQ(field->text(), QString::fromUtf8("e\xF0\x9F\x98\x80!"));
 
-    QTest::keyClick(&field, Qt::Key_Return);
+    QTest::keyClick(field, Qt::Key_Return);
     EXPECT_EQ(delegate.returns, 1);
+
+    // A refused edit leaves the text as it was.
+    delegate.allow = false;
+    QTest::keyClicks(field, "xyz");
+    QTest::keyClick(field, Qt::Key_Backspace);
+    EXPECT_EQ(field->text(), QString::fromUtf8("e\xF0\x9F\x98\x80!"));
+    EXPECT_EQ(delegate.edits.size(), 7u);
 }
 
-TEST(TextField, EditingBeginsOnceUntilTheFocusGoesElsewhereAndHasNoLengthLimit) {
-    QWidget window;
-    auto* field = new TextField(&window);
-    auto* other = new QLineEdit(&window);
-    RecordingDelegate delegate;
-    field->setDelegate(&delegate);
-    window.show();
-    QApplication::setActiveWindow(&window);
-    field->setFocus();
+TEST_F(TextFieldTest, EditingBeginsOnceUntilTheFocusGoesElsewhereAndHasNoLengthLimit) {
     // Another window in front and back again, or a menu, is no new beginning.
     for (Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
         QFocusEvent out(QEvent::FocusOut, reason);
@@ -91,19 +98,4 @@ TEST(TextField, EditingBeginsOnceUntilTheFocusGoesElsewhereAndHasNoLengthLimit) 
     const QString longText(40000, 'x');
     field->insert(longText);
     EXPECT_EQ(field->text(), longText);
-}
-
-TEST(TextField, ARefusedEditLeavesTheTextAsItWas) {
-    TextField field;
-    RecordingDelegate delegate;
-    field.setDelegate(&delegate);
-    field.setText("keep");
-    field.show();
-    QApplication::setActiveWindow(&field);
-    field.setFocus();
-    delegate.allow = false;
-    QTest::keyClicks(&field, "xyz");
-    QTest::keyClick(&field, Qt::Key_Backspace);
-    EXPECT_EQ(field.text(), "keep");
-    EXPECT_EQ(delegate.edits.size(), 4u);
 }
