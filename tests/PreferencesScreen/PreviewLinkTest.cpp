@@ -1,5 +1,4 @@
 #include "DevicePaths.h"
-#include "ImageContext.h"
 #include "ImageFile.h"
 #include "RendererProcess.h"
 #include "ScreenFixture.h"
