@@ -45,9 +45,20 @@ bool near(const QColor& a, const QColor& b, int tolerance = 3) {
            std::abs(a.alpha() - b.alpha()) <= tolerance;
 }
 
-void expectScaleAndSize(const QImage& image, QSizeF points, double scale) {
+struct Sample {
+    double x, y;
+    QColor colour;
+};
+
+// Checks the image's size in points, its scale and the colour at each sample point.
+void expectImage(const QImage& image, QSizeF points, double scale,
+                 std::initializer_list<Sample> samples) {
     EXPECT_EQ(pointSize(image), points);
     EXPECT_EQ(image.devicePixelRatio(), scale);
+    for (const Sample& sample : samples)
+        EXPECT_TRUE(near(at(image, sample.x, sample.y), sample.colour))
+            << sample.x << "," << sample.y << ": "
+            << at(image, sample.x, sample.y).name().toStdString();
 }
 
 const QColor red(255, 0, 0), blue(0, 0, 255), green(0, 255, 0);
@@ -60,12 +71,9 @@ TEST_P(Primitives, ScalingStretchesWithoutKeepingTheAspectRatio) {
         p.fillRect(QRectF(5, 0, 5, 10), blue);
     });
     const QImage scaled = scaleImageToSize(halves, QSizeF(40, 10));
-    expectScaleAndSize(scaled, QSizeF(40, 10), scale());
     // Corner to corner: each half now spans 20 points, nothing is letterboxed.
-    EXPECT_TRUE(near(at(scaled, 0.5, 0.5), red));
-    EXPECT_TRUE(near(at(scaled, 15, 5), red));
-    EXPECT_TRUE(near(at(scaled, 25, 5), blue));
-    EXPECT_TRUE(near(at(scaled, 39.5, 9.5), blue));
+    expectImage(scaled, QSizeF(40, 10), scale(),
+                {{0.5, 0.5, red}, {15, 5, red}, {25, 5, blue}, {39.5, 9.5, blue}});
 }
 
 TEST_P(Primitives, BorderOfExactlyOneReturnsTheSameImage) {
@@ -81,12 +89,8 @@ TEST_P(Primitives, BorderOfExactlyOneReturnsTheSameImage) {
 TEST_P(Primitives, BorderCentresTheImageOnItsEnlargedSilhouette) {
     setPreferencesObjectKey("1.500000", SettingsKey::badgeBorderWidth);
     const QImage bordered = addBorderToImage(solid(QSizeF(20, 20), red), Colour{0, 0, 1, 1});
-    expectScaleAndSize(bordered, QSizeF(30, 30), scale());
-    EXPECT_TRUE(near(at(bordered, 1, 1), blue));
-    EXPECT_TRUE(near(at(bordered, 28.5, 28.5), blue));
-    EXPECT_TRUE(near(at(bordered, 15, 15), red));
-    EXPECT_TRUE(near(at(bordered, 5.5, 15), red));
-    EXPECT_TRUE(near(at(bordered, 4, 15), blue));
+    expectImage(bordered, QSizeF(30, 30), scale(),
+                {{1, 1, blue}, {28.5, 28.5, blue}, {15, 15, red}, {5.5, 15, red}, {4, 15, blue}});
 }
 
 TEST_P(Primitives, BorderSilhouetteIsTheMaskMirroredVertically) {
@@ -95,15 +99,13 @@ TEST_P(Primitives, BorderSilhouetteIsTheMaskMirroredVertically) {
     const QImage topHalf =
         image(QSizeF(20, 20), [](QPainter& p) { p.fillRect(QRectF(0, 0, 20, 10), red); });
     const QImage bordered = addBorderToImage(topHalf, Colour{0, 0, 1, 1});
-    expectScaleAndSize(bordered, QSizeF(40, 40), scale());
-    EXPECT_TRUE(near(at(bordered, 20, 30), blue));
     // Outside the silhouette the stretched copy of the image is left as it was drawn.
-    EXPECT_TRUE(near(at(bordered, 20, 5), red));
+    expectImage(bordered, QSizeF(40, 40), scale(), {{20, 30, blue}, {20, 5, red}});
 }
 
 TEST_P(Primitives, AlphaFadesTheWholeImage) {
     const QImage faded = applyAlphaToImage(solid(QSizeF(8, 6), red), 0.5f);
-    expectScaleAndSize(faded, QSizeF(8, 6), scale());
+    expectImage(faded, QSizeF(8, 6), scale(), {});
     EXPECT_NEAR(at(faded, 4, 3).alpha(), 128, 2);
     EXPECT_TRUE(applyAlphaToImage(QImage(), 0.5f).isNull());
 }
@@ -139,8 +141,7 @@ TEST_P(Primitives, FillFlattensTheShapeAndShowsTheInnerHalfOfABlackOutline) {
         p.drawEllipse(QRectF(0, 0, 20, 20));
     });
     const QImage filled = fillImageWithColor(disc, Colour{0, 0, 1, 1});
-    expectScaleAndSize(filled, QSizeF(20, 20), scale());
-    EXPECT_TRUE(near(at(filled, 10, 10), blue));
+    expectImage(filled, QSizeF(20, 20), scale(), {{10, 10, blue}});
     EXPECT_EQ(at(filled, 0.5, 0.5).alpha(), 0);
 
     // A shape that reaches the edge: the outline darkens the edge, inside stays the colour.
@@ -154,18 +155,13 @@ TEST_P(Primitives, FillFlattensTheShapeAndShowsTheInnerHalfOfABlackOutline) {
 TEST_P(Primitives, CombiningCentresTheSecondWithRoundedOffsets) {
     const QImage combined =
         imageByCombiningImage(solid(QSizeF(30, 24), red), solid(QSizeF(9, 15), blue));
-    expectScaleAndSize(combined, QSizeF(30, 24), scale());
     // (30 - 9) / 2 = 10.5 rounds to 11; (24 - 15) / 2 = 4.5 rounds to 5.
-    EXPECT_TRUE(near(at(combined, 11, 5), blue));
-    EXPECT_TRUE(near(at(combined, 19.9, 19.9), blue));
-    EXPECT_TRUE(near(at(combined, 10.9, 5), red));
-    EXPECT_TRUE(near(at(combined, 11, 4.9), red));
-    EXPECT_TRUE(near(at(combined, 20, 5), red));
+    expectImage(combined, QSizeF(30, 24), scale(),
+                {{11, 5, blue}, {19.9, 19.9, blue}, {10.9, 5, red}, {11, 4.9, red}, {20, 5, red}});
     // A larger second image is cropped to the first's size.
     const QImage cropped =
         imageByCombiningImage(solid(QSizeF(10, 10), red), solid(QSizeF(30, 30), blue));
-    expectScaleAndSize(cropped, QSizeF(10, 10), scale());
-    EXPECT_TRUE(near(at(cropped, 0, 0), blue));
+    expectImage(cropped, QSizeF(10, 10), scale(), {{0, 0, blue}});
 }
 
 INSTANTIATE_TEST_SUITE_P(AtScale, Primitives, testing::Values(1.0, 2.0));

@@ -1,12 +1,10 @@
 #include "DevicePaths.h"
-#include "ImageContext.h"
 #include "ImageFile.h"
 #include "RendererProcess.h"
 #include "ScreenFixture.h"
 #include "Settings.h"
 #include "ViewGeometry.h"
 
-#include <QProcess>
 #include <QTest>
 #include <csignal>
 
@@ -24,11 +22,10 @@ protected:
         ASSERT_TRUE(writePngAtomically(background, hostPath("/tmp/badgeBackground.png")));
     }
     QWidget* badgeView() const { return viewWithTag(screen->tableHeaderView(), 1337); }
-    int badgeViews() const {
-        int count = 0;
-        for (QObject* child : screen->tableHeaderView()->children())
-            count += qobject_cast<QWidget*>(child) && tag(static_cast<QWidget*>(child)) == 1337;
-        return count;
+    qsizetype badgeViews() const {
+        const auto views =
+            screen->tableHeaderView()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+        return std::count_if(views.begin(), views.end(), [](QWidget* v) { return tag(v) == 1337; });
     }
 };
 
@@ -78,16 +75,4 @@ TEST_F(PreviewLink, TheRealRendererFillsThePreviewAndItsDeathLeavesItAsItWas) {
     QTest::qWait(200);
     EXPECT_EQ(screen->finalBadgeImage().cacheKey(), shown);
     EXPECT_EQ(text(1, 7), "Alpha: 100%");
-}
-
-TEST_F(PreviewLink, ReloadDataFromAnotherProcessReLaysTheScreenOut) {
-    open();
-    const TableViewCell* before = cell(1, 7);
-    QProcess client;
-    client.start("dbus-send",
-                 {"--session", "--type=method_call", "--dest=com.velquor.pomwickpreferences",
-                  "/com/velquor/pomwickpreferences", "com.velquor.pomwickpreferences.reloadData"});
-    ASSERT_TRUE(client.waitForFinished(5000));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(1, 7) != before; }, 5000));
-    EXPECT_EQ(frame(screen->table()), bounds(screen->view()));
 }

@@ -8,7 +8,6 @@
 #include "Settings.h"
 #include "ViewGeometry.h"
 
-#include <QAbstractButton>
 #include <QTest>
 #include <filesystem>
 

@@ -1,7 +1,9 @@
 #include "ScreenFixture.h"
 #include "Slider.h"
 #include "Switch.h"
+#include "ViewGeometry.h"
 
+#include <QPointer>
 #include <QProcess>
 #include <QTest>
 
@@ -81,12 +83,16 @@ TEST_F(SaveRequests, OnePerSectionPerReloadOneMorePerRebuildAndOnePerRelease) {
 TEST_F(SaveRequests, ABurstOfRefreshMessagesCostsOneRefreshPerTurnAndASingleOneStillCountsOnce) {
     open();
     ASSERT_EQ(requests(4), 4);
-    // Each refresh ("reloadData") reloads the table: four requests, and one more after it.
+    // Each refresh ("reloadData") rebuilds and re-lays the table out: four requests, and one more
+    // after it.
+    const QPointer<TableViewCell> before = cell(1, 7);
     const QStringList centre = {"--dest",        "com.velquor.pomwickpreferences",
                                 "--object-path", "/com/velquor/pomwickpreferences",
                                 "--method",      "com.velquor.pomwickpreferences.reloadData"};
     EXPECT_EQ(run("gdbus", QStringList{"call", "--session"} + centre), "()\n");
     EXPECT_EQ(requests(9), 9);
+    EXPECT_NE(cell(1, 7), before.data()); // null once the old row is deleted
+    EXPECT_EQ(frame(screen->table()), bounds(screen->view()));
 
     const int bursts = 2000;
     run(MESSAGE_FLOOD, {"com.velquor.pomwickpreferences", QString::number(bursts), "reloadData",

@@ -5,7 +5,8 @@
 #include "PlistDictionary.h"
 #include "PrivateSessionBus.h"
 
-#include <QCoreApplication>
+#include <QAbstractButton>
+#include <QApplication>
 
 namespace pomwick::test {
 
@@ -35,6 +36,21 @@ TableViewCell* ScreenFixture::cell(int section, int row) const {
 
 QString ScreenFixture::text(int section, int row) const {
     return cell(section, row)->textLabel()->text();
+}
+
+QMessageBox* ScreenFixture::expectAlert(const QString& title, const QString& text) {
+    QMessageBox* shown = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QMessageBox*>(window); box && box->isVisible())
+            shown = box;
+    EXPECT_NE(shown, nullptr) << title.toStdString();
+    if (shown) {
+        EXPECT_EQ(shown->windowTitle(), title);
+        EXPECT_EQ(shown->text(), text);
+        EXPECT_EQ(shown->buttons().size(), 1);
+        EXPECT_EQ(shown->buttons().value(0)->text(), "Ok");
+    }
+    return shown;
 }
 
 std::string ScreenFixture::stored(std::string_view key) const {

@@ -65,34 +65,28 @@ TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
     EXPECT_EQ(textColour(cell(3, 3)->textLabel()), QColor(Qt::blue));
 }
 
-TEST_F(Table, SwitchedOffDimsEveryBadgeRowAndDisablesItsControls) {
-    setPreferencesObjectKey("0", SettingsKey::enabled);
-    open();
-    EXPECT_FALSE(control<Switch>(0, 0)->isOn());
-    EXPECT_FALSE(isDimmed(cell(0, 0)));
-    for (int row = 0; row < 8; ++row)
-        EXPECT_TRUE(isDimmed(cell(badgeSection, row))) << row;
-    EXPECT_FALSE(cell(1, 0)->isUserInteractionEnabled());
-    EXPECT_FALSE(control<SegmentedControl>(1, 0)->isEnabled());
-    EXPECT_FALSE(control<TextField>(1, 1)->isEnabled());
-    EXPECT_FALSE(control<Slider>(1, 6)->isEnabled());
-    EXPECT_FALSE(control<Slider>(1, 7)->isEnabled());
-    for (int row : {2, 3, 4, 5, 6, 7})
-        EXPECT_FALSE(cell(badgeSection, row)->isUserInteractionEnabled()) << row;
-    EXPECT_TRUE(cell(2, 0)->isUserInteractionEnabled());
-}
-
-TEST_F(Table, HiddenBadgesDimAllButTheVisibilityRow) {
-    setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
-    open();
-    EXPECT_FALSE(isDimmed(cell(1, 0)));
-    EXPECT_TRUE(cell(1, 0)->isUserInteractionEnabled());
-    EXPECT_TRUE(control<SegmentedControl>(1, 0)->isEnabled());
-    EXPECT_EQ(control<SegmentedControl>(1, 0)->selectedSegmentIndex(), 0);
-    for (int row = 1; row < 8; ++row)
-        EXPECT_TRUE(isDimmed(cell(badgeSection, row))) << row;
-    EXPECT_FALSE(control<TextField>(1, 1)->isEnabled());
-    EXPECT_FALSE(control<Slider>(1, 7)->isEnabled());
+TEST_F(Table, SwitchedOffOrHiddenDimsAndDisablesTheBadgeRowsBelowTheControlThatDidIt) {
+    // Switched off, everything from the visibility row on; hidden, everything below it.
+    for (const int firstOff : {0, 1}) {
+        setPreferencesObjectKey(firstOff == 0 ? "0" : "1", SettingsKey::enabled);
+        setPreferencesObjectKey(firstOff == 0 ? "TRUE" : "FALSE", SettingsKey::badgeVisible);
+        open();
+        EXPECT_EQ(control<Switch>(0, 0)->isOn(), firstOff == 1);
+        EXPECT_FALSE(isDimmed(cell(0, 0)));
+        EXPECT_TRUE(cell(2, 0)->isUserInteractionEnabled());
+        EXPECT_EQ(control<SegmentedControl>(1, 0)->selectedSegmentIndex(), firstOff == 0 ? 1 : 0);
+        EXPECT_EQ(control<SegmentedControl>(1, 0)->isEnabled(), firstOff == 1);
+        for (int row = 0; row < 8; ++row) {
+            EXPECT_EQ(isDimmed(cell(badgeSection, row)), row >= firstOff) << row;
+            // The text row's field carries its state, not the row.
+            EXPECT_EQ(cell(badgeSection, row)->isUserInteractionEnabled(),
+                      row == 1 || row < firstOff)
+                << firstOff << ":" << row;
+        }
+        EXPECT_FALSE(control<TextField>(1, 1)->isEnabled());
+        EXPECT_FALSE(control<Slider>(1, 6)->isEnabled());
+        EXPECT_FALSE(control<Slider>(1, 7)->isEnabled());
+    }
 }
 
 TEST_F(Table, RowsShowTheStoredValuesAndAnotherProgramsChangesAtTheNextRebuild) {

@@ -114,21 +114,19 @@ bool textLiesInsideTheBadge(const QImage& background, const QImage& text) {
 TEST_F(ScreenSide, TheBadgeIsAsWideAsItsTextRoundForOneCharacter) {
     RendererProcess renderer;
     ASSERT_TRUE(renderer.waitUntilServing());
-    const struct {
-        const char* text;
-        bool round;
-    } cases[] = {{"Alert:@", false}, {"@@@@@@", false}, {"", true}, {"@", true}};
-    for (const auto& c : cases) {
-        setPreferencesObjectKey(c.text, SettingsKey::badgeTextFieldText);
+    const std::pair<const char*, bool> textAndRound[] = {
+        {"Alert:@", false}, {"@@@@@@", false}, {"", true}, {"@", true}};
+    for (const auto& [typed, isRound] : textAndRound) {
+        setPreferencesObjectKey(typed, SettingsKey::badgeTextFieldText);
         requestAndAwaitAnswer();
         const QImage background = previewBackground();
         const QImage text =
             makeImageFromText(previewBadgeText(), getBadgeFont(), getBadgeFontColor(), true);
-        EXPECT_TRUE(textLiesInsideTheBadge(background, text)) << c.text;
-        EXPECT_EQ(pointSize(background).width() == 24, c.round) << c.text;
+        EXPECT_TRUE(textLiesInsideTheBadge(background, text)) << typed;
+        EXPECT_EQ(pointSize(background).width() == 24, isRound) << typed;
         EXPECT_EQ(pointSize(composePreviewBadge(QRectF(0, 0, 60, 60), 60).image),
                   pointSize(background))
-            << c.text;
+            << typed;
     }
     // However long the text or large the font, the background stays bounded.
     setPreferencesObjectKey(std::string(1000, '@'), SettingsKey::badgeTextFieldText);
