@@ -114,6 +114,8 @@ bool textLiesInsideTheBadge(const QImage& background, const QImage& text) {
 TEST_F(ScreenSide, TheBadgeIsAsWideAsItsTextRoundForOneCharacter) {
     RendererProcess renderer;
     ASSERT_TRUE(renderer.waitUntilServing());
+    // The renderer draws once at start; its answer must not pass for the first request's.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return answers > 0; }, 5000));
     const std::pair<const char*, bool> textAndRound[] = {
         {"Alert:@", false}, {"@@@@@@", false}, {"", true}, {"@", true}};
     for (const auto& [typed, isRound] : textAndRound) {
