@@ -7,11 +7,10 @@
 #include "TemporaryDeviceRoot.h"
 #include "ViewGeometry.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QGraphicsOpacityEffect>
 #include <QMouseEvent>
 #include <benchmark/benchmark.h>
-#include <clocale>
 
 using namespace pomwick;
 
@@ -75,13 +74,3 @@ BENCHMARK(PositionEditorDragStep)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
 BENCHMARK(FontSheetSlideFrame)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    std::setlocale(LC_NUMERIC, "C");
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -5,10 +5,8 @@
 #include "Settings.h"
 #include "TemporaryDeviceRoot.h"
 
-#include <QApplication>
 #include <QCoreApplication>
 #include <benchmark/benchmark.h>
-#include <clocale>
 
 using namespace pomwick;
 
@@ -35,13 +33,3 @@ void TableRebuild(benchmark::State& state) {
 BENCHMARK(TableRebuild)->Unit(benchmark::kMicrosecond)->MinTime(2.0);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    std::setlocale(LC_NUMERIC, "C");
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
