@@ -17,7 +17,7 @@
 namespace pomwick {
 namespace {
 
-// The preview scales the background to this height and centres the text on it.
+// The preview scales the background to this height and centers the text on it.
 constexpr double previewHeight = 24;
 // Room for the round ends beside the text, in points at the preview's height: one character of
 // the default font (about 10 points wide) stays within a round badge.

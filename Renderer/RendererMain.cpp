@@ -1,4 +1,4 @@
-// pomwick-renderer: the home-screen side of the preview. Serves the renderer's message centre,
+// pomwick-renderer: the home-screen side of the preview. Serves the renderer's message center,
 // draws the badge background on request and reports the icon size.
 #include "AtomicFile.h"
 #include "BadgeBackgroundRenderer.h"
@@ -113,14 +113,14 @@ int main(int argc, char** argv) {
         return fail("cannot write the icon size under " +
                     QString::fromStdString(DeviceRoot::current().string()));
 
-    MessagingCenter& centre = MessagingCenter::centerNamed(CenterName::renderer);
-    if (!centre.runServerOnCurrentThread())
-        return fail(centre.doesServerExist()
-                        ? "another renderer already serves " + centre.name()
-                        : "cannot serve " + centre.name() + " on the session bus");
+    MessagingCenter& center = MessagingCenter::centerNamed(CenterName::renderer);
+    if (!center.runServerOnCurrentThread())
+        return fail(center.doesServerExist()
+                        ? "another renderer already serves " + center.name()
+                        : "cannot serve " + center.name() + " on the session bus");
 
     BadgeBackgroundRenderer renderer;
-    centre.registerForMessageName(MessageName::saveBadgeImages, &renderer,
+    center.registerForMessageName(MessageName::saveBadgeImages, &renderer,
                                   [&renderer](const QString&) { renderer.requestRender(); });
     handleTerminationSignals([] { QGuiApplication::quit(); });
     // A fresh background from the start, and a refreshed preview for a screen that is open.

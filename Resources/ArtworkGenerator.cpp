@@ -28,7 +28,7 @@ QFont glyphFont(double pixels, bool bold = true) {
     return font;
 }
 
-// A red count badge: the silhouette the renderer recolours, and the badge shown when switched off.
+// A red count badge: the silhouette the renderer recolors, and the badge shown when switched off.
 QImage stockBadge() {
     QImage image = canvas(48);
     QPainter p(&image);
@@ -79,14 +79,14 @@ QImage sampleIcon() {
 
 using Glyph = std::function<void(QPainter&)>;
 
-// A settings row icon: a coloured rounded square with a white glyph drawn on a 58-pixel grid.
-QImage rowIcon(const QColor& colour, const Glyph& glyph) {
+// A settings row icon: a colored rounded square with a white glyph drawn on a 58-pixel grid.
+QImage rowIcon(const QColor& color, const Glyph& glyph) {
     QImage image = canvas(rowIconPixels);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
     QLinearGradient fill(0, 0, 0, rowIconPixels);
-    fill.setColorAt(0, colour.lighter(112));
-    fill.setColorAt(1, colour);
+    fill.setColorAt(0, color.lighter(112));
+    fill.setColorAt(1, color);
     p.fillPath(roundedSquare(rowIconPixels, 0.23), fill);
     p.setPen(QPen(white, 4.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     p.setBrush(Qt::NoBrush);
@@ -125,10 +125,10 @@ void palette(QPainter& p) {
     p.setPen(Qt::NoPen);
     const QColor dots[] = {QColor(255, 214, 10), QColor(52, 199, 89), QColor(0, 122, 255),
                            QColor(255, 255, 255)};
-    const QPointF centres[] = {{21, 21}, {37, 21}, {21, 37}, {37, 37}};
+    const QPointF centers[] = {{21, 21}, {37, 21}, {21, 37}, {37, 37}};
     for (int i = 0; i < 4; ++i) {
         p.setBrush(dots[i]);
-        p.drawEllipse(centres[i], 7, 7);
+        p.drawEllipse(centers[i], 7, 7);
     }
 }
 

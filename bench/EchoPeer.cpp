@@ -1,5 +1,5 @@
-// The other end of a bare ping-pong: answers every "ping" to its centre with a "pong" to the
-// benchmark's centre. Usage: pomwick-bench-echo-peer
+// The other end of a bare ping-pong: answers every "ping" to its center with a "pong" to the
+// benchmark's center. Usage: pomwick-bench-echo-peer
 #include "MessagingCenter.h"
 
 #include <QCoreApplication>

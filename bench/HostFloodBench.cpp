@@ -1,4 +1,4 @@
-// Memory of the settings window under a flood of 100,000 messages to its centre ("reloadData"
+// Memory of the settings window under a flood of 100,000 messages to its center ("reloadData"
 // and "badgeSavedToTmp" in turn), with the real renderer answering: resident size at rest,
 // the peak during the flood, and once the flood has been handled.
 #include "MessageNames.h"

@@ -63,7 +63,7 @@ void FontPickerToFirstFrame(benchmark::State& state) {
     for (auto _ : state) {
         DQFontPicker picker(&window);
         picker.setFont(font);
-        picker.setColor(Colour{0.2f, 0.4f, 0.6f, 1});
+        picker.setColor(Color{0.2f, 0.4f, 0.6f, 1});
         picker.resize(320, 216);
         picker.show();
         picker.repaint();
@@ -75,12 +75,12 @@ void SwatchGridOf10000ToFirstFrame(benchmark::State& state) {
     window.resize(320, 480);
     window.show();
     QApplication::processEvents();
-    std::vector<Colour> colours;
+    std::vector<Color> colors;
     for (int i = 0; i < 10000; ++i)
-        colours.push_back({float(i % 100) / 99, float(i / 100) / 99, 0.5f, 1});
+        colors.push_back({float(i % 100) / 99, float(i / 100) / 99, 0.5f, 1});
     for (auto _ : state) {
         LJColorPickerView grid(&window);
-        grid.setColors(colours);
+        grid.setColors(colors);
         grid.resize(320, 480);
         grid.show();
         grid.repaint();

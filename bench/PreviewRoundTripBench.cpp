@@ -25,7 +25,7 @@ using namespace pomwick;
 
 namespace {
 
-const QString echoCentre = QStringLiteral("com.velquor.pomwickbench.echo");
+const QString echoCenter = QStringLiteral("com.velquor.pomwickbench.echo");
 
 struct Peers {
     test::TemporaryDeviceRoot root;
@@ -43,7 +43,7 @@ struct Peers {
         for (const QString& name : {MessageName::badgeSavedToTmp, QStringLiteral("pong")})
             screen.registerForMessageName(name, &receiver, [this](const QString&) { ++answers; });
         while (!MessagingCenter::centerNamed(CenterName::renderer).doesServerExist() ||
-               !MessagingCenter::centerNamed(echoCentre).doesServerExist())
+               !MessagingCenter::centerNamed(echoCenter).doesServerExist())
             QThread::msleep(10);
         // The renderer answers once unasked when it starts.
         const int before = answers;
@@ -106,7 +106,7 @@ void DBusPingPong(benchmark::State& state) {
     Peers& bus = peers();
     measure(state, [&] {
         const int before = bus.answers;
-        MessagingCenter::centerNamed(echoCentre).sendMessageName(QStringLiteral("ping"));
+        MessagingCenter::centerNamed(echoCenter).sendMessageName(QStringLiteral("ping"));
         bus.awaitAnswer(before);
     });
 }

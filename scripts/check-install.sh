@@ -89,7 +89,7 @@ scripts/with-service-bus.sh "$prefix/share/dbus-1/services" bash -c '
         done
         return 1
     }
-    # The answers go to the screen'"'"'s centre, which nobody serves here: a monitor sees them.
+    # The answers go to the screen'"'"'s center, which nobody serves here: a monitor sees them.
     dbus-monitor --session "type=method_call,member=badgeSavedToTmp" >"$answers" 2>/dev/null &
     monitor=$!
     trap "kill $monitor" EXIT

@@ -73,7 +73,7 @@ BadgePositionViewController::~BadgePositionViewController() = default;
 void BadgePositionViewController::viewDidLoad() {
     setTitle("Set Position");
     QWidget* root = view();
-    setBackgroundColour(root, QColor::fromRgbF(0.95, 0.95, 0.95));
+    setBackgroundColor(root, QColor::fromRgbF(0.95, 0.95, 0.95));
     const QSizeF size = sender_ ? sender_->viewBounds().size() : bounds(root).size();
     setFrame(root, QRectF(frame(root).topLeft(), size));
     root->setFocusPolicy(Qt::StrongFocus);

@@ -34,7 +34,7 @@ QImage scaleImageToSize(const QImage& image, QSizeF size) {
     return context.image();
 }
 
-QImage addBorderToImage(const QImage& image, const Colour& colour) {
+QImage addBorderToImage(const QImage& image, const Color& color) {
     const float factor = getBadgeBorderWidth();
     if (factor == 1.0f)
         return image;
@@ -52,7 +52,7 @@ QImage addBorderToImage(const QImage& image, const Colour& colour) {
     {
         QPainter painter(&clipped);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.fillRect(QRectF(0, 0, width, height), toQColor(colour));
+        painter.fillRect(QRectF(0, 0, width, height), toQColor(color));
         const float x = float(double(factor) * size.width() * 0.5 - size.width() * 0.5);
         const float y = float(double(factor) * size.height() * 0.5 - size.height() * 0.5);
         painter.drawImage(QRectF(x, y, size.width(), size.height()), image);
@@ -72,7 +72,7 @@ QImage applyAlphaToImage(const QImage& image, float alpha) {
     return context.image();
 }
 
-QImage makeImageFromText(const QString& text, const std::optional<Font>& font, const Colour& colour,
+QImage makeImageFromText(const QString& text, const std::optional<Font>& font, const Color& color,
                          bool heightFlag) {
     const QFont qfont = toQFont(font);
     const QSizeF measured = sizeWithAttributes(text, qfont);
@@ -80,21 +80,21 @@ QImage makeImageFromText(const QString& text, const std::optional<Font>& font, c
     ImageContext context(QSizeF(measured.width(), height));
     if (context.isEmpty())
         return context.image();
-    drawLabelText(context.painter(), text, qfont, toQColor(colour),
+    drawLabelText(context.painter(), text, qfont, toQColor(color),
                   QRectF(0, 0, measured.width(), height));
     return context.image();
 }
 
-QImage fillImageWithColor(const QImage& image, const Colour& colour) {
+QImage fillImageWithColor(const QImage& image, const Color& color) {
     const QSizeF size = pointSize(image);
     ImageContext context(size);
     if (context.isEmpty())
         return context.image();
     QPainter& painter = context.painter();
     painter.drawImage(QRectF(QPointF(0, 0), size), image);
-    // Fill and stroke: the default stroke is black and 1 point wide, centred on the edge.
+    // Fill and stroke: the default stroke is black and 1 point wide, centered on the edge.
     painter.setPen(QPen(Qt::black, 1.0));
-    painter.setBrush(toQColor(colour));
+    painter.setBrush(toQColor(color));
     painter.drawRect(QRectF(QPointF(0, 0), size));
     QImage result = context.image();
     // Drawn in the flipped space where images stand upright: the mask is not mirrored.

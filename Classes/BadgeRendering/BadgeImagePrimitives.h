@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Colour.h"
+#include "Color.h"
 #include "Font.h"
 
 #include <QImage>
@@ -16,25 +16,25 @@ namespace pomwick {
 // The image stretched to exactly the target size; the aspect ratio is not kept.
 QImage scaleImageToSize(const QImage& image, QSizeF size);
 
-// The image centred on its silhouette enlarged by the stored border factor and filled with the
-// colour. A factor of exactly 1.0 returns the very same image. The silhouette comes from the
+// The image centered on its silhouette enlarged by the stored border factor and filled with the
+// color. A factor of exactly 1.0 returns the very same image. The silhouette comes from the
 // image's alpha applied without a flip, so it is mirrored vertically (the badge shapes it serves
 // are symmetric).
-QImage addBorderToImage(const QImage& image, const Colour& colour);
+QImage addBorderToImage(const QImage& image, const Color& color);
 
 // The image drawn with the given opacity.
 QImage applyAlphaToImage(const QImage& image, float alpha);
 
 // One line of text, as wide as it measures and as high as the font's line (heightFlag true) or
 // exactly 19 points (false), drawn as a label draws it.
-QImage makeImageFromText(const QString& text, const std::optional<Font>& font, const Colour& colour,
+QImage makeImageFromText(const QString& text, const std::optional<Font>& font, const Color& color,
                          bool heightFlag);
 
-// The image's shape filled with the colour; the rectangle is filled and stroked, so where the
+// The image's shape filled with the color; the rectangle is filled and stroked, so where the
 // shape reaches the image's edge the inner half of a 1-point black outline shows.
-QImage fillImageWithColor(const QImage& image, const Colour& colour);
+QImage fillImageWithColor(const QImage& image, const Color& color);
 
-// The second image centred over the first, offsets rounded half away from zero to whole points.
+// The second image centered over the first, offsets rounded half away from zero to whole points.
 QImage imageByCombiningImage(const QImage& first, const QImage& second);
 
 } // namespace pomwick

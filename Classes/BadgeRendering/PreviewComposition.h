@@ -17,9 +17,9 @@ struct PreviewBadge {
 QString previewBadgeText();
 
 // Composes the preview badge from the settings, the renderer's background file and the sample
-// icon's frame: the stored text ("@" shown as 1) in the stored font, colour and opacity, centred
+// icon's frame: the stored text ("@" shown as 1) in the stored font, color and opacity, centered
 // on the background scaled to 24 points high, its top-left corner at the stored location. With
-// the tweak switched off, the bundle's stock badge, 24 x 24, centred on the icon's top-right
+// the tweak switched off, the bundle's stock badge, 24 x 24, centered on the icon's top-right
 // corner.
 PreviewBadge composePreviewBadge(const QRectF& iconFrame, float iconSize);
 

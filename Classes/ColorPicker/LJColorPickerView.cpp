@@ -1,6 +1,6 @@
 #include "LJColorPickerView.h"
 
-#include "ColourDescription.h"
+#include "ColorDescription.h"
 #include "QtConversions.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ void LJColorPickerView::doInitialization() {
     setColorsPerRow(4);
     colorCellPadding_ = 2.0;
     highlightSelection_ = true;
-    selectionBorderColor_ = Colour::white();
+    selectionBorderColor_ = Color::white();
 
     colorView_ = new CollectionView(this);
     colorView_->setGeometry(0, 0, 0, 0);
@@ -33,7 +33,7 @@ void LJColorPickerView::doInitialization() {
     colorView_->setDataSource(this);
 }
 
-void LJColorPickerView::setColors(std::vector<Colour> colors) {
+void LJColorPickerView::setColors(std::vector<Color> colors) {
     colors_ = std::move(colors);
     resetColorPicker();
 }
@@ -53,8 +53,8 @@ void LJColorPickerView::setHighlightSelection(bool highlight) {
     resetColorPicker();
 }
 
-void LJColorPickerView::setSelectionBorderColor(const Colour& colour) {
-    selectionBorderColor_ = colour;
+void LJColorPickerView::setSelectionBorderColor(const Color& color) {
+    selectionBorderColor_ = color;
     resetColorPicker();
 }
 
@@ -86,9 +86,9 @@ CollectionViewCell* LJColorPickerView::cellForItemAtIndexPath(CollectionView* gr
                                                               IndexPath indexPath) {
     CollectionViewCell* cell = grid->dequeueReusableCell(indexPath);
     setColorCell(cell, cell->isSelected());
-    const Colour& colour = colors_[size_t(indexPath.row)];
-    cell->setBackgroundColour(toQColor(colour));
-    cell->setAccessibleName(describeColour(colour));
+    const Color& color = colors_[size_t(indexPath.row)];
+    cell->setBackgroundColor(toQColor(color));
+    cell->setAccessibleName(describeColor(color));
     return cell;
 }
 
@@ -126,10 +126,10 @@ void LJColorPickerView::didUnhighlightItemAtIndexPath(CollectionView*, IndexPath
 
 void LJColorPickerView::didSelectItemAtIndexPath(CollectionView*, IndexPath indexPath) {
     setColorCell(colorView_->cellForItemAtIndexPath(indexPath), true);
-    const Colour colour = colors_[size_t(indexPath.row)];
-    selectedColor_ = colour;
+    const Color color = colors_[size_t(indexPath.row)];
+    selectedColor_ = color;
     if (auto* delegate = dynamic_cast<LJColorPickerViewDelegate*>(delegate_.data()))
-        delegate->didSelectColor(this, colour);
+        delegate->didSelectColor(this, color);
 }
 
 void LJColorPickerView::didDeselectItemAtIndexPath(CollectionView*, IndexPath indexPath) {

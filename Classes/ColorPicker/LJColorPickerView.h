@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CollectionView.h"
-#include "Colour.h"
+#include "Color.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -13,15 +13,15 @@ namespace pomwick {
 class LJColorPickerView;
 
 // The delegate's one operation, optional: a delegate object that implements this interface is
-// told of every tapped colour; any other object is simply not told.
+// told of every tapped color; any other object is simply not told.
 class LJColorPickerViewDelegate {
 public:
     virtual ~LJColorPickerViewDelegate() = default;
-    virtual void didSelectColor(LJColorPickerView* picker, const Colour& color) = 0;
+    virtual void didSelectColor(LJColorPickerView* picker, const Color& color) = 0;
 };
 
-// A grid of square colour swatches, a fixed number per row, sized from the view's width; reports
-// the colour the user taps. Every setter but selectedColor's scrolls the grid to the top and
+// A grid of square color swatches, a fixed number per row, sized from the view's width; reports
+// the color the user taps. Every setter but selectedColor's scrolls the grid to the top and
 // reloads it.
 class LJColorPickerView : public QWidget, private CollectionViewDataSource {
     Q_OBJECT
@@ -36,17 +36,17 @@ public:
     void setDelegate(QObject* delegate) { delegate_ = delegate; }
     QObject* delegate() const { return delegate_; }
 
-    void setColors(std::vector<Colour> colors);
+    void setColors(std::vector<Color> colors);
     qint64 colorsPerRow() const { return colorsPerRow_; }
     void setColorsPerRow(qint64 colorsPerRow);
     double colorCellPadding() const { return colorCellPadding_; }
     void setColorCellPadding(double padding);
     bool highlightSelection() const { return highlightSelection_; }
     void setHighlightSelection(bool highlight);
-    Colour selectionBorderColor() const { return selectionBorderColor_; }
-    void setSelectionBorderColor(const Colour& colour);
-    std::optional<Colour> selectedColor() const { return selectedColor_; }
-    void setSelectedColor(std::optional<Colour> colour) { selectedColor_ = colour; }
+    Color selectionBorderColor() const { return selectionBorderColor_; }
+    void setSelectionBorderColor(const Color& color);
+    std::optional<Color> selectedColor() const { return selectedColor_; }
+    void setSelectedColor(std::optional<Color> color) { selectedColor_ = color; }
     CollectionView* colorView() const { return colorView_; }
 
     void resetColorPicker();
@@ -70,13 +70,13 @@ private:
     void didDeselectItemAtIndexPath(CollectionView* grid, IndexPath indexPath) override;
 
     QPointer<QObject> delegate_;
-    std::vector<Colour> colors_;
+    std::vector<Color> colors_;
     qint64 colorsPerRow_ = 0;
     double colorCellPadding_ = 0;
     bool highlightSelection_ = false;
-    Colour selectionBorderColor_;
+    Color selectionBorderColor_;
     CollectionView* colorView_ = nullptr;
-    std::optional<Colour> selectedColor_;
+    std::optional<Color> selectedColor_;
 };
 
 } // namespace pomwick

@@ -1,6 +1,6 @@
 #include "DQFontPicker.h"
 
-#include "ColourDescription.h"
+#include "ColorDescription.h"
 #include "FontCatalogue.h"
 #include "QtConversions.h"
 #include "ViewGeometry.h"
@@ -42,8 +42,8 @@ struct Brightness {
 
 // Hue, saturation and brightness as the device reads them: a grey's hue reads 0 (where QColor
 // reports -1), and components that are not numbers give hues that compare equal to nothing.
-Brightness hsb(const Colour& colour) {
-    const double r = colour.red, g = colour.green, b = colour.blue;
+Brightness hsb(const Color& color) {
+    const double r = color.red, g = color.green, b = color.blue;
     const double max = std::max({r, g, b});
     const double delta = max - std::min({r, g, b});
     double hue = 0;
@@ -62,7 +62,7 @@ Brightness hsb(const Colour& colour) {
 }
 
 // Greater hue first, then greater brightness, then greater saturation; alpha plays no part.
-bool before(const Colour& a, const Colour& b) {
+bool before(const Color& a, const Color& b) {
     const Brightness x = hsb(a), y = hsb(b);
     if (x.hue != y.hue)
         return x.hue > y.hue;
@@ -76,15 +76,15 @@ struct Channels {
     bool operator==(const Channels&) const = default;
 };
 
-Channels rounded(const Colour& colour) {
-    return {std::round(colour.red * 255.0), std::round(colour.green * 255.0),
-            std::round(colour.blue * 255.0)};
+Channels rounded(const Color& color) {
+    return {std::round(color.red * 255.0), std::round(color.green * 255.0),
+            std::round(color.blue * 255.0)};
 }
 
-qsizetype exactColourIndex(const std::vector<Colour>& list, const Colour& colour) {
-    const Channels target = rounded(colour);
+qsizetype exactColorIndex(const std::vector<Color>& list, const Color& color) {
+    const Channels target = rounded(color);
     const auto found = std::find_if(list.begin(), list.end(),
-                                    [&](const Colour& entry) { return rounded(entry) == target; });
+                                    [&](const Color& entry) { return rounded(entry) == target; });
     return found != list.end() ? found - list.begin() : DQFontPicker::notFound;
 }
 
@@ -111,7 +111,7 @@ DQFontPicker::DQFontPicker(QWidget* parent) : PickerView(parent) {
     setShowsSelectionIndicator(true);
     setDataSource(this);
     if (modernStyle())
-        setBackgroundColour(this, QColor::fromRgbF(0.98f, 0.98f, 0.98f, 0.98f));
+        setBackgroundColor(this, QColor::fromRgbF(0.98f, 0.98f, 0.98f, 0.98f));
     setComponentAccessibleName(int(fontComponentIndex_), QStringLiteral("Font"));
     setComponentAccessibleName(int(sizeComponentIndex_), QStringLiteral("Size"));
     setComponentAccessibleName(int(colorComponentIndex_), QStringLiteral("Color"));
@@ -128,7 +128,7 @@ void DQFontPicker::setFont(const Font& font) {
     selectFontSize(font.size, false);
 }
 
-void DQFontPicker::setColor(std::optional<Colour> color) {
+void DQFontPicker::setColor(std::optional<Color> color) {
     selectColor(color, false);
 }
 
@@ -146,7 +146,7 @@ void DQFontPicker::selectFontSize(double size, bool animated) {
         selectRow(int(index), toInt(sizeComponentIndex_), animated);
 }
 
-void DQFontPicker::selectColor(std::optional<Colour> color, bool animated) {
+void DQFontPicker::selectColor(std::optional<Color> color, bool animated) {
     color_ = color;
     const qsizetype index = indexForNearestColor(color);
     if (index != notFound)
@@ -177,14 +177,14 @@ qsizetype DQFontPicker::indexForNearestFontSize(double size) {
     return nearest;
 }
 
-qsizetype DQFontPicker::indexForColor(std::optional<Colour> color) {
-    return color ? exactColourIndex(colorList(), *color) : notFound;
+qsizetype DQFontPicker::indexForColor(std::optional<Color> color) {
+    return color ? exactColorIndex(colorList(), *color) : notFound;
 }
 
-qsizetype DQFontPicker::indexForNearestColor(std::optional<Colour> color) {
+qsizetype DQFontPicker::indexForNearestColor(std::optional<Color> color) {
     if (!color)
         return notFound;
-    const std::vector<Colour>& list = colorList();
+    const std::vector<Color>& list = colorList();
     const Channels target = rounded(*color);
     qsizetype nearest = notFound;
     double least = FLT_MAX;
@@ -217,7 +217,7 @@ double DQFontPicker::selectedFontSize() {
     return row >= 0 && size_t(row) < sizeList().size() ? sizeList()[size_t(row)] : minFontSize_;
 }
 
-std::optional<Colour> DQFontPicker::selectedColor() {
+std::optional<Color> DQFontPicker::selectedColor() {
     const int row = selectedRowOf(colorComponentIndex_);
     if (row >= 0 && size_t(row) < colorList().size())
         return colorList()[size_t(row)];
@@ -282,38 +282,38 @@ const std::vector<float>& DQFontPicker::sizeList() {
     return sizeList_;
 }
 
-// A cube of colours without its greys, the greys, and the current colour in front when no row has
-// it; then in the colour order. Any count of 0 or more is replaced by the default on purpose: only
+// A cube of colors without its greys, the greys, and the current color in front when no row has
+// it; then in the color order. Any count of 0 or more is replaced by the default on purpose: only
 // a negative count survives, and gives no entries of its kind.
-const std::vector<Colour>& DQFontPicker::colorList() {
+const std::vector<Color>& DQFontPicker::colorList() {
     if (!colorList_.empty())
         return colorList_;
     if (colorVariants_ >= 0)
         colorVariants_ = defaultColorVariants;
     if (grayVariants_ >= 0)
         grayVariants_ = defaultGrayVariants;
-    std::vector<Colour> colours;
+    std::vector<Color> colors;
     if (colorVariants_ >= 1) {
         const qint64 levels = qint64(std::ceil(std::cbrt(double(colorVariants_))));
         const float top = float(levels - 1);
-        for (qint64 k = 0; k < levels * levels * levels && qint64(colours.size()) < colorVariants_;
+        for (qint64 k = 0; k < levels * levels * levels && qint64(colors.size()) < colorVariants_;
              ++k) {
             const qint64 r = k / (levels * levels), g = k / levels % levels,
                          b = levels - 1 - k % levels;
             if (grayVariants_ >= 1 && r == g && g == b)
                 continue;
-            colours.push_back({float(r) / top, float(g) / top, float(b) / top, 1});
+            colors.push_back({float(r) / top, float(g) / top, float(b) / top, 1});
         }
     }
     for (qint64 i = 0; i < grayVariants_; ++i) {
         const float white = float(i) / float(grayVariants_ - 1);
-        colours.push_back({white, white, white, 1});
+        colors.push_back({white, white, white, 1});
     }
-    if (color_ && exactColourIndex(colours, *color_) == notFound)
-        colours.insert(colours.begin(), *color_);
+    if (color_ && exactColorIndex(colors, *color_) == notFound)
+        colors.insert(colors.begin(), *color_);
     // Stable: components that are not numbers compare equal to nothing, which must not upset it.
-    std::stable_sort(colours.begin(), colours.end(), before);
-    colorList_ = std::move(colours);
+    std::stable_sort(colors.begin(), colors.end(), before);
+    colorList_ = std::move(colors);
     return colorList_;
 }
 
@@ -323,7 +323,7 @@ DQFontPicker::Wheel DQFontPicker::wheelOf(qint64 component) const {
     if (component == sizeComponentIndex_)
         return Wheel::Size;
     if (component == colorComponentIndex_)
-        return Wheel::Colour;
+        return Wheel::Color;
     return Wheel::None;
 }
 
@@ -337,7 +337,7 @@ int DQFontPicker::numberOfRowsInComponent(PickerView*, int component) {
         return int(fontList().size());
     case Wheel::Size:
         return int(sizeList().size());
-    case Wheel::Colour:
+    case Wheel::Color:
         return int(colorList().size());
     case Wheel::None:
         break;
@@ -350,7 +350,7 @@ qreal DQFontPicker::widthForComponent(PickerView*, int component) {
     case Wheel::Font:
         return std::max(width() - wheelMargins - otherWheelsWidth, narrowWheelWidth);
     case Wheel::Size:
-    case Wheel::Colour:
+    case Wheel::Color:
         return narrowWheelWidth;
     case Wheel::None:
         break;
@@ -395,16 +395,16 @@ QWidget* DQFontPicker::viewForRow(PickerView*, int row, int component, QWidget*)
         label->setAlignment(Qt::AlignCenter);
         break;
     }
-    case Wheel::Colour: {
+    case Wheel::Color: {
         if (row < 0 || index >= colorList().size())
             return nullptr;
-        const Colour& colour = colorList()[index];
+        const Color& color = colorList()[index];
         label->setText(twoFullBlocks);
         label->setAlignment(Qt::AlignCenter);
         if (modernStyle())
-            setBackgroundColour(label.get(), toQColor(colour));
-        setTextColour(label.get(), toQColor(colour));
-        label->setAccessibleName(describeColour(colour));
+            setBackgroundColor(label.get(), toQColor(color));
+        setTextColor(label.get(), toQColor(color));
+        label->setAccessibleName(describeColor(color));
         break;
     }
     case Wheel::None:
@@ -422,7 +422,7 @@ void DQFontPicker::didSelectRow(PickerView*, int, int component) {
     case Wheel::Size:
         fontSize_ = selectedFontSize();
         break;
-    case Wheel::Colour:
+    case Wheel::Color:
         color_ = selectedColor();
         break;
     case Wheel::None:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Colour.h"
+#include "Color.h"
 #include "Font.h"
 #include "PickerView.h"
 
@@ -12,10 +12,10 @@
 
 namespace pomwick {
 
-// A three-wheel picker of font face, font size and colour, its own data source and delegate.
+// A three-wheel picker of font face, font size and color, its own data source and delegate.
 // Each list is built on first use and kept until its setter is given an empty list. A value set
 // before a list is built always gets a row of its own; one set later only selects the nearest row
-// (sizes, colours) or an equal one (fonts).
+// (sizes, colors) or an equal one (fonts).
 class DQFontPicker : public PickerView, private PickerViewDataSource {
     Q_OBJECT
 public:
@@ -27,37 +27,37 @@ public:
 
     using PickerView::numberOfRowsInComponent;
 
-    // Whether colour rows are solid blocks; fixed on here, as on current systems.
+    // Whether color rows are solid blocks; fixed on here, as on current systems.
     static bool modernStyle() { return true; }
 
     std::optional<Font> font() const;
     void setFont(const Font& font);
-    std::optional<Colour> color() const { return color_; }
-    void setColor(std::optional<Colour> color);
+    std::optional<Color> color() const { return color_; }
+    void setColor(std::optional<Color> color);
     QString fontName() const { return fontName_; }
     double fontSize() const { return fontSize_; }
 
     void selectFontName(const QString& name, bool animated);
     void selectFontSize(double size, bool animated);
-    void selectColor(std::optional<Colour> color, bool animated);
+    void selectColor(std::optional<Color> color, bool animated);
 
     qsizetype indexForFontName(const QString& name);
     qsizetype indexForFontSize(double size);
     qsizetype indexForNearestFontSize(double size);
-    qsizetype indexForColor(std::optional<Colour> color);
-    qsizetype indexForNearestColor(std::optional<Colour> color);
+    qsizetype indexForColor(std::optional<Color> color);
+    qsizetype indexForNearestColor(std::optional<Color> color);
 
     // The rows under the band, or nothing (the size falls back to minFontSize).
     QString selectedFontName();
     double selectedFontSize();
-    std::optional<Colour> selectedColor();
+    std::optional<Color> selectedColor();
 
     const QStringList& fontList();
     void setFontList(QStringList list) { fontList_ = std::move(list); }
     const std::vector<float>& sizeList();
     void setSizeList(std::vector<float> list) { sizeList_ = std::move(list); }
-    const std::vector<Colour>& colorList();
-    void setColorList(std::vector<Colour> list) { colorList_ = std::move(list); }
+    const std::vector<Color>& colorList();
+    void setColorList(std::vector<Color> list) { colorList_ = std::move(list); }
 
     QString text() const { return text_; }
     void setText(const QString& text) { text_ = text; }
@@ -93,17 +93,17 @@ public:
     void didSelectRow(PickerView* picker, int row, int component) override;
 
 private:
-    enum class Wheel { Font, Size, Colour, None };
+    enum class Wheel { Font, Size, Color, None };
     Wheel wheelOf(qint64 component) const;
     int selectedRowOf(qint64 component);
     QStringList installedFaceNames() const;
 
     QString fontName_;
     double fontSize_ = 0;
-    std::optional<Colour> color_;
+    std::optional<Color> color_;
     QStringList fontList_;
     std::vector<float> sizeList_;
-    std::vector<Colour> colorList_;
+    std::vector<Color> colorList_;
     QString text_;
     double minFontSize_ = 0;
     double maxFontSize_ = 0;

@@ -4,8 +4,8 @@
 
 namespace pomwick {
 
-// The page that shows a colour grid as its view. Leaving it asks the settings screen, through the
-// screen's own message centre, to refresh its table and preview.
+// The page that shows a color grid as its view. Leaving it asks the settings screen, through the
+// screen's own message center, to refresh its table and preview.
 class ColorPickerController : public ViewController {
     Q_OBJECT
 public:

@@ -29,7 +29,7 @@ constexpr int presentMilliseconds = 300;
 QWidget* hairline(QWidget* parent) {
     auto* line = new QWidget(parent);
     line->setFixedHeight(1);
-    setBackgroundColour(line, Appearance::hairline());
+    setBackgroundColor(line, Appearance::hairline());
     return line;
 }
 
@@ -55,7 +55,7 @@ QLineEdit* headerField(const QString& caption, QVBoxLayout* column, QWidget* par
     row->setSpacing(6);
     auto* label = new QLabel(caption, parent);
     label->setFont(Appearance::systemFont(15));
-    setTextColour(label, Appearance::sectionHeaderText());
+    setTextColor(label, Appearance::sectionHeaderText());
     auto* field = new QLineEdit(parent);
     field->setFrame(false);
     field->setFont(Appearance::systemFont(15));
@@ -125,7 +125,7 @@ void FeedbackMailComposer::buildSheet() {
     statusLabel_->setWordWrap(true);
     statusLabel_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusLabel_->setContentsMargins(16, 6, 16, 10);
-    setTextColour(statusLabel_, Appearance::sectionHeaderText());
+    setTextColor(statusLabel_, Appearance::sectionHeaderText());
     statusLabel_->hide();
     column->addWidget(statusLabel_);
 
@@ -166,7 +166,7 @@ QString FeedbackMailComposer::statusText() const {
 }
 
 QRect FeedbackMailComposer::sheetGeometry() const {
-    // A page sheet: the whole width below a small gap on a narrow window, a centred card on a
+    // A page sheet: the whole width below a small gap on a narrow window, a centered card on a
     // wide one.
     const QRect area = rect();
     if (area.width() < 600)

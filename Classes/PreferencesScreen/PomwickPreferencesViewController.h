@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BadgePositionViewController.h"
-#include "Colour.h"
+#include "Color.h"
 #include "DQFontPicker.h"
 #include "FeedbackMailComposer.h"
 #include "LJColorPickerView.h"
@@ -83,7 +83,7 @@ public:
     QWidget* doneToolbar() const { return doneToolbar_; }
     QWidget* fontContainerView() const { return fontContainerView_; }
     QWidget* dimmingView() const { return dimmingView_; }
-    void didSelectColor(LJColorPickerView* picker, const Colour& color) override;
+    void didSelectColor(LJColorPickerView* picker, const Color& color) override;
 
     // The preview link.
     void handleSimpleMessageNamed(const QString& name);
@@ -98,7 +98,7 @@ public:
 private:
     void registerPreviewMessages();
     void restoreDefaults();
-    void pushColourGrid(int gridTag);
+    void pushColorGrid(int gridTag);
     void pushPositionEditor();
     void describePreview();
     TableViewCell* makeCell(const QString& reuseIdentifier, const QString& text,
@@ -106,8 +106,8 @@ private:
     TableViewCell* enabledCell();
     TableViewCell* visibilityCell();
     TableViewCell* textCell(bool available);
-    TableViewCell* colourCell(const QString& reuseIdentifier, const QString& text,
-                              const char* iconFile, bool available, const QColor& colour);
+    TableViewCell* colorCell(const QString& reuseIdentifier, const QString& text,
+                              const char* iconFile, bool available, const QColor& color);
     TableViewCell* sliderCell(const QString& reuseIdentifier, const QString& text,
                               const char* iconFile, bool available, int sliderTag, float minimum,
                               float maximum, float value, const QString& measuredText);
@@ -126,7 +126,7 @@ private:
     QPointer<QWidget> fontContainerView_;
     QPointer<QWidget> dimmingView_;
     // Loaded on the first grid and kept, an empty palette included.
-    std::optional<std::vector<Colour>> masterColorsArray_;
+    std::optional<std::vector<Color>> masterColorsArray_;
 };
 
 } // namespace pomwick

@@ -1,7 +1,7 @@
 // The font sheet: the font picker under a Done bar, sliding up from the bottom edge over a clear
 // tap catcher that closes it, as Done and Escape do.
 #include "Appearance.h"
-#include "ColourText.h"
+#include "ColorText.h"
 #include "PickerWheel.h"
 #include "PomwickPreferencesViewController.h"
 #include "Settings.h"
@@ -160,8 +160,8 @@ void PomwickPreferencesViewController::showFontPicker() {
             setPreferencesObjectKey(chosen->name, SettingsKey::badgeFont);
             setPreferencesObjectKey(formatInt(int32_t(chosen->size)), SettingsKey::badgeFontSize);
         }
-        if (const auto colour = weak->color())
-            setPreferencesObjectKey(storedColourText(*colour), SettingsKey::badgeFontColor);
+        if (const auto color = weak->color())
+            setPreferencesObjectKey(storedColorText(*color), SettingsKey::badgeFontColor);
     });
 
     auto* toolbar = new SheetToolbar;
@@ -185,7 +185,7 @@ void PomwickPreferencesViewController::showFontPicker() {
 
     auto* container = new QWidget(root);
     container->setAccessibleName("Font");
-    setBackgroundColour(container, Qt::white);
+    setBackgroundColor(container, Qt::white);
     setFrame(container, QRectF(0, viewBounds.height(), viewBounds.width(), sheetHeight));
     setAlpha(container, 0);
     picker->setParent(container);

@@ -1,4 +1,4 @@
-// The preview: the screen's message centre, the composed badge over the sample icon, and the
+// The preview: the screen's message center, the composed badge over the sample icon, and the
 // layout for the current size.
 #include "BadgeImagePrimitives.h"
 #include "MessageNames.h"
@@ -31,13 +31,13 @@ MessagingCenter::Handler coalesced(QObject* owner, std::function<void()> action)
 } // namespace
 
 void PomwickPreferencesViewController::registerPreviewMessages() {
-    MessagingCenter& centre = MessagingCenter::centerNamed(CenterName::preferences);
-    if (!centre.doesServerExist())
-        centre.runServerOnCurrentThread();
-    centre.registerForMessageName(MessageName::badgeSavedToTmp, this, coalesced(this, [this] {
+    MessagingCenter& center = MessagingCenter::centerNamed(CenterName::preferences);
+    if (!center.doesServerExist())
+        center.runServerOnCurrentThread();
+    center.registerForMessageName(MessageName::badgeSavedToTmp, this, coalesced(this, [this] {
                                       handleSimpleMessageNamed(MessageName::badgeSavedToTmp);
                                   }));
-    centre.registerForMessageName(MessageName::reloadData, this,
+    center.registerForMessageName(MessageName::reloadData, this,
                                   coalesced(this, [this] { updateUI(); }));
 }
 

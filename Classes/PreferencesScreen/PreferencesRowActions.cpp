@@ -1,7 +1,7 @@
 // What selecting a row does: open an editor, restore the defaults or open an outside page.
 #include "ColorPickerController.h"
-#include "ColourPalette.h"
-#include "ColourText.h"
+#include "ColorPalette.h"
+#include "ColorText.h"
 #include "NavigationController.h"
 #include "OutsideLinks.h"
 #include "PomwickPreferencesViewController.h"
@@ -22,11 +22,11 @@ void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table,
     if (path == IndexPath{1, 2})
         showFontPicker();
     else if (path == IndexPath{1, 3})
-        pushColourGrid(backgroundGridTag);
+        pushColorGrid(backgroundGridTag);
     else if (path == IndexPath{1, 4})
         pushPositionEditor();
     else if (path == IndexPath{1, 5})
-        pushColourGrid(borderGridTag);
+        pushColorGrid(borderGridTag);
     else if (path == IndexPath{2, 0})
         restoreDefaults();
     else if (path == IndexPath{3, 0})
@@ -46,11 +46,11 @@ void PomwickPreferencesViewController::restoreDefaults() {
     mainTableView_->reloadData();
 }
 
-void PomwickPreferencesViewController::pushColourGrid(int gridTag) {
+void PomwickPreferencesViewController::pushColorGrid(int gridTag) {
     if (navigationController() == nullptr)
         return;
     if (!masterColorsArray_)
-        masterColorsArray_ = loadColourPalette();
+        masterColorsArray_ = loadColorPalette();
     auto* grid = new LJColorPickerView;
     setFrame(grid, frame(view()));
     grid->setDelegate(this);
@@ -58,10 +58,10 @@ void PomwickPreferencesViewController::pushColourGrid(int gridTag) {
     grid->setColorsPerRow(5);
     grid->setColorCellPadding(2.0);
     grid->setHighlightSelection(true);
-    grid->setSelectionBorderColor(Colour::white());
+    grid->setSelectionBorderColor(Color::white());
     grid->setColors(*masterColorsArray_);
-    setBackgroundColour(grid, Qt::white);
-    grid->setAccessibleName(gridTag == backgroundGridTag ? "Background colours" : "Border colours");
+    setBackgroundColor(grid, Qt::white);
+    grid->setAccessibleName(gridTag == backgroundGridTag ? "Background colors" : "Border colors");
 
     auto* controller = new ColorPickerController;
     controller->setView(grid);
@@ -70,13 +70,13 @@ void PomwickPreferencesViewController::pushColourGrid(int gridTag) {
 }
 
 void PomwickPreferencesViewController::didSelectColor(LJColorPickerView* picker,
-                                                      const Colour& color) {
+                                                      const Color& color) {
     switch (tag(picker)) {
     case backgroundGridTag:
-        setPreferencesObjectKey(storedColourText(color), SettingsKey::badgeBackgroundColor);
+        setPreferencesObjectKey(storedColorText(color), SettingsKey::badgeBackgroundColor);
         break;
     case borderGridTag:
-        setPreferencesObjectKey(storedColourText(color), SettingsKey::badgeBorderColor);
+        setPreferencesObjectKey(storedColorText(color), SettingsKey::badgeBorderColor);
         break;
     default:
         break;

@@ -15,7 +15,7 @@ PomwickPreferencesViewController::~PomwickPreferencesViewController() = default;
 
 void PomwickPreferencesViewController::viewDidLoad() {
     QWidget* root = view();
-    setBackgroundColour(root, QColor::fromRgbF(0.95, 0.95, 0.95));
+    setBackgroundColor(root, QColor::fromRgbF(0.95, 0.95, 0.95));
     setTitle("Pomwick");
 
     const QRectF viewFrame = frame(root);
@@ -37,7 +37,7 @@ void PomwickPreferencesViewController::viewDidLoad() {
     setFrame(infoLabel_, QRectF(0, 0, viewFrame.width(), 30));
     infoLabel_->setFont(Appearance::systemFont(18));
     infoLabel_->setAlignment(Qt::AlignCenter);
-    setBackgroundColour(infoLabel_, Qt::white);
+    setBackgroundColor(infoLabel_, Qt::white);
 
     iconImageView_ = new QLabel(tableHeaderView_);
     iconImageView_->setScaledContents(true);

@@ -1,6 +1,6 @@
 // The settings table: four sections, fourteen rows, each built afresh from the settings.
 #include "Appearance.h"
-#include "ColourSwatch.h"
+#include "ColorSwatch.h"
 #include "ImageButton.h"
 #include "MessageNames.h"
 #include "MessagingCenter.h"
@@ -88,7 +88,7 @@ QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView* tab
     setFrame(label, labelFrame);
     label->setAlignment(Qt::AlignCenter);
     label->setFont(Appearance::systemFont(13));
-    setTextColour(label, QColor(170, 170, 170));
+    setTextColor(label, QColor(170, 170, 170));
     return footer;
 }
 
@@ -122,7 +122,7 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
             return cell;
         }
         case 3:
-            return colourCell("Cell5", "Background Color:", "Palete.png", available,
+            return colorCell("Cell5", "Background Color:", "Palete.png", available,
                               toQColor(getBadgeBackgroundColor()));
         case 4: {
             const BadgeLocation location = getBadgeLocation();
@@ -135,7 +135,7 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
             return cell;
         }
         case 5:
-            return colourCell("Cell7", "Border Color:", "Border.png", available,
+            return colorCell("Cell7", "Border Color:", "Border.png", available,
                               toQColor(getBadgeBorderColor()));
         case 6:
             return sliderCell("Cell8", "Border Width:", "Width.png", available, 0, 1.0f, 2.0f,
@@ -163,7 +163,7 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
             return makeCell("Cell13", "View My Other Tweaks", "Wrench.png");
         case 3: {
             TableViewCell* cell = makeCell("Cell14", "Donate", "Money.png");
-            setTextColour(cell->textLabel(), Qt::blue);
+            setTextColor(cell->textLabel(), Qt::blue);
             return cell;
         }
         default:
@@ -223,13 +223,13 @@ TableViewCell* PomwickPreferencesViewController::textCell(bool available) {
     return cell;
 }
 
-TableViewCell* PomwickPreferencesViewController::colourCell(const QString& reuseIdentifier,
+TableViewCell* PomwickPreferencesViewController::colorCell(const QString& reuseIdentifier,
                                                             const QString& text,
                                                             const char* iconFile, bool available,
-                                                            const QColor& colour) {
+                                                            const QColor& color) {
     TableViewCell* cell = makeCell(reuseIdentifier, text, iconFile);
-    auto* swatch = new ColourSwatch(colour, cell);
-    setFrame(swatch, RowGeometry::colourSwatchFrame(cellSize(cell)));
+    auto* swatch = new ColorSwatch(color, cell);
+    setFrame(swatch, RowGeometry::colorSwatchFrame(cellSize(cell)));
     reactOnlyWhenAvailable(cell, available);
     return cell;
 }

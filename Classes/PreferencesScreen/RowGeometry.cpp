@@ -16,7 +16,7 @@ QRectF switchFrame(QSizeF cell, QSizeF switchSize) {
             switchSize.height()};
 }
 
-QRectF colourSwatchFrame(QSizeF cell) {
+QRectF colorSwatchFrame(QSizeF cell) {
     const qreal side = truncated(cell.height() - 10);
     return {cell.width() - side - 15, truncated((cell.height() - side) / 2), side, side};
 }

@@ -9,7 +9,7 @@ namespace pomwick::RowGeometry {
 // layout is a truncation toward zero to whole points.
 
 QRectF switchFrame(QSizeF cell, QSizeF switchSize);
-QRectF colourSwatchFrame(QSizeF cell);
+QRectF colorSwatchFrame(QSizeF cell);
 // The slider starts after the measured label (a fixed text, so that it does not move while the
 // label changes) and the icon.
 QRectF sliderFrame(QSizeF cell, qreal labelTextWidth, qreal iconWidth, qreal sliderHeight);

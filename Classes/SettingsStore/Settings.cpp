@@ -65,16 +65,16 @@ int32_t getBadgeFontSize() {
     return getValue<int32_t>(SettingsKey::badgeFontSize);
 }
 
-Colour getBadgeFontColor() {
-    return getValue<Colour>(SettingsKey::badgeFontColor);
+Color getBadgeFontColor() {
+    return getValue<Color>(SettingsKey::badgeFontColor);
 }
 
-Colour getBadgeBackgroundColor() {
-    return getValue<Colour>(SettingsKey::badgeBackgroundColor);
+Color getBadgeBackgroundColor() {
+    return getValue<Color>(SettingsKey::badgeBackgroundColor);
 }
 
-Colour getBadgeBorderColor() {
-    return getValue<Colour>(SettingsKey::badgeBorderColor);
+Color getBadgeBorderColor() {
+    return getValue<Color>(SettingsKey::badgeBorderColor);
 }
 
 float getBadgeBorderWidth() {

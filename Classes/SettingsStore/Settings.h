@@ -18,9 +18,9 @@ std::string getBadgeTextFieldText();
 // Nothing when a stored font name has no face; "Verdana" at the stored size when nothing is stored.
 std::optional<Font> getBadgeFont();
 int32_t getBadgeFontSize();
-Colour getBadgeFontColor();
-Colour getBadgeBackgroundColor();
-Colour getBadgeBorderColor();
+Color getBadgeFontColor();
+Color getBadgeBackgroundColor();
+Color getBadgeBorderColor();
 float getBadgeBorderWidth();
 float getBadgeAlpha();
 BadgeLocation getBadgeLocation();

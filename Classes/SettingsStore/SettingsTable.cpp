@@ -72,13 +72,13 @@ SettingValue parseFont(const std::optional<StoredValue>& stored, const SettingVa
 
 // Parts that are no number read 0; the writers always store four parts, so fewer is a
 // malformed value and gives the default. Parts after the fourth are ignored.
-SettingValue parseColour(const std::optional<StoredValue>& stored, const SettingValue& fallback) {
+SettingValue parseColor(const std::optional<StoredValue>& stored, const SettingValue& fallback) {
     if (!stored || stored->kind != Kind::String)
         return fallback;
     const auto parts = componentsSeparatedBy(stored->text, ',');
     if (parts.size() < 4)
         return fallback;
-    return Colour{floatValue(parts[0]), floatValue(parts[1]), floatValue(parts[2]),
+    return Color{floatValue(parts[0]), floatValue(parts[1]), floatValue(parts[2]),
                   floatValue(parts[3])};
 }
 
@@ -105,7 +105,7 @@ std::string joined(std::initializer_list<float> components) {
     return text;
 }
 
-// Text on a terminal: control characters would move the cursor or change colours.
+// Text on a terminal: control characters would move the cursor or change colors.
 std::string escaped(std::string_view text) {
     std::string shown;
     for (size_t at = 0; at < text.size();) {
@@ -141,8 +141,8 @@ struct Printer {
     std::string operator()(const std::optional<Font>& font) const {
         return font ? escaped(font->name) + " " + shortest(font->size) : "(none)";
     }
-    std::string operator()(const Colour& colour) const {
-        return joined({colour.red, colour.green, colour.blue, colour.alpha});
+    std::string operator()(const Color& color) const {
+        return joined({color.red, color.green, color.blue, color.alpha});
     }
     std::string operator()(const BadgeLocation& location) const {
         return joined({location.x, location.y});
@@ -157,9 +157,9 @@ const std::array<Setting, 11> settingsTable = {{
     {SettingsKey::badgeTextFieldText, std::string(), parseText},
     {SettingsKey::badgeFont, std::optional<Font>(Font{"Verdana", 16, {}, {}, {}}), parseFont},
     {SettingsKey::badgeFontSize, int32_t{16}, parseInteger},
-    {SettingsKey::badgeFontColor, Colour::black(), parseColour},
-    {SettingsKey::badgeBackgroundColor, Colour::white(), parseColour},
-    {SettingsKey::badgeBorderColor, Colour::black(), parseColour},
+    {SettingsKey::badgeFontColor, Color::black(), parseColor},
+    {SettingsKey::badgeBackgroundColor, Color::white(), parseColor},
+    {SettingsKey::badgeBorderColor, Color::black(), parseColor},
     {SettingsKey::badgeBorderWidth, 1.2f, parseFloat},
     {SettingsKey::badgeAlpha, 1.0f, parseFloat},
     {SettingsKey::badgeLocation, BadgeLocation{}, parseLocation},

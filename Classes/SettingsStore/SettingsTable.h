@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Colour.h"
+#include "Color.h"
 #include "Font.h"
 #include "PlistDictionary.h"
 
@@ -22,7 +22,7 @@ struct BadgeLocation {
 };
 
 using SettingValue =
-    std::variant<bool, int32_t, float, std::string, std::optional<Font>, Colour, BadgeLocation>;
+    std::variant<bool, int32_t, float, std::string, std::optional<Font>, Color, BadgeLocation>;
 
 // One setting: its key, its default, and how its getter makes a value of what the file holds
 // under the key (nothing when the file, the dictionary or the key is missing).
@@ -41,7 +41,7 @@ const Setting* findSetting(std::string_view key);
 // The setting's value as its getter gives it: the file read afresh, the default applied.
 SettingValue effectiveValue(const Setting& setting);
 
-// A value as people read it: true/false, integers in decimal, floats with "%.9g", colours and
+// A value as people read it: true/false, integers in decimal, floats with "%.9g", colors and
 // locations as components joined by ",", the font as "NAME SIZE" or "(none)", and text with its
 // control characters, backslashes and invalid bytes escaped (\n, \t, \\, \x01, \u0085, \xFF).
 std::string printedValue(const SettingValue& value);

@@ -58,11 +58,11 @@ void ActivityIndicatorView::paintEvent(QPaintEvent*) {
     for (int i = 0; i < spokes; ++i) {
         // The leading spoke is opaque; the ones behind it fade to a quarter.
         const int behind = (leadingSpoke_ - i + spokes) % spokes;
-        QColor colour(Qt::white);
-        colour.setAlphaF(1.0f - 0.75f * float(behind) / (spokes - 1));
+        QColor color(Qt::white);
+        color.setAlphaF(1.0f - 0.75f * float(behind) / (spokes - 1));
         painter.save();
         painter.rotate(i * 360.0 / spokes);
-        painter.setPen(QPen(colour, 3.6, Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(color, 3.6, Qt::SolidLine, Qt::RoundCap));
         painter.drawLine(QPointF(0, -9.5), QPointF(0, -16.5));
         painter.restore();
     }

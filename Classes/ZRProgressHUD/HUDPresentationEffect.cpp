@@ -12,14 +12,14 @@ void HUDPresentationEffect::setPresentation(qreal opacity, const QTransform& tra
     update();
 }
 
-QTransform HUDPresentationEffect::aboutCentre(const QRectF& rect) const {
-    const QPointF centre = rect.center();
-    return QTransform::fromTranslate(-centre.x(), -centre.y()) * transform_ *
-           QTransform::fromTranslate(centre.x(), centre.y());
+QTransform HUDPresentationEffect::aboutCenter(const QRectF& rect) const {
+    const QPointF center = rect.center();
+    return QTransform::fromTranslate(-center.x(), -center.y()) * transform_ *
+           QTransform::fromTranslate(center.x(), center.y());
 }
 
 QRectF HUDPresentationEffect::boundingRectFor(const QRectF& sourceRect) const {
-    return sourceRect.united(aboutCentre(sourceRect).mapRect(sourceRect));
+    return sourceRect.united(aboutCenter(sourceRect).mapRect(sourceRect));
 }
 
 void HUDPresentationEffect::draw(QPainter* painter) {
@@ -30,7 +30,7 @@ void HUDPresentationEffect::draw(QPainter* painter) {
     painter->save();
     painter->setOpacity(opacity_);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
-    painter->setTransform(aboutCentre(sourceBoundingRect()), true);
+    painter->setTransform(aboutCenter(sourceBoundingRect()), true);
     painter->drawPixmap(offset, pixmap);
     painter->restore();
 }

@@ -5,7 +5,7 @@
 
 namespace pomwick {
 
-// Draws a widget and its children at an opacity and with a transform about the widget's centre
+// Draws a widget and its children at an opacity and with a transform about the widget's center
 // (reaching past its edges when it grows): what the device does with a view's alpha and
 // transform. Idle (and free) at opacity 1 with no transform.
 class HUDPresentationEffect : public QGraphicsEffect {
@@ -20,7 +20,7 @@ protected:
     void draw(QPainter* painter) override;
 
 private:
-    QTransform aboutCentre(const QRectF& rect) const;
+    QTransform aboutCenter(const QRectF& rect) const;
 
     qreal opacity_ = 1;
     QTransform transform_;

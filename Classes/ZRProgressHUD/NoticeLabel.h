@@ -4,7 +4,7 @@
 
 namespace pomwick {
 
-// A label of the notice: plain text centred in its frame, on one line cut with an ellipsis, or
+// A label of the notice: plain text centered in its frame, on one line cut with an ellipsis, or
 // wrapped over as many lines as the frame holds.
 class NoticeLabel : public QLabel {
     Q_OBJECT

@@ -12,10 +12,10 @@ NoticePanel::NoticePanel(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_TranslucentBackground);
 }
 
-void NoticePanel::setFill(const QColor& colour, qreal cornerRadius) {
-    if (colour == fill_ && cornerRadius == cornerRadius_)
+void NoticePanel::setFill(const QColor& color, qreal cornerRadius) {
+    if (color == fill_ && cornerRadius == cornerRadius_)
         return;
-    fill_ = colour;
+    fill_ = color;
     cornerRadius_ = cornerRadius;
     update();
 }

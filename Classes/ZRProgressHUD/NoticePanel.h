@@ -12,7 +12,7 @@ class NoticePanel : public QWidget {
 public:
     explicit NoticePanel(QWidget* parent);
 
-    void setFill(const QColor& colour, qreal cornerRadius);
+    void setFill(const QColor& color, qreal cornerRadius);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -13,13 +13,13 @@ qreal degrees(qreal radians) {
     return radians * 180 / std::numbers::pi;
 }
 
-QPointF pointOnCircle(QPointF centre, qreal radius, qreal angle) {
-    return centre + QPointF(std::cos(angle), std::sin(angle)) * radius;
+QPointF pointOnCircle(QPointF center, qreal radius, qreal angle) {
+    return center + QPointF(std::cos(angle), std::sin(angle)) * radius;
 }
 
 } // namespace
 
-void addArc(QPainterPath& path, QPointF centre, qreal radius, qreal startAngle, qreal endAngle,
+void addArc(QPainterPath& path, QPointF center, qreal radius, qreal startAngle, qreal endAngle,
             bool clockwise) {
     if (!std::isfinite(startAngle) || !std::isfinite(endAngle) || !std::isfinite(radius))
         return;
@@ -31,13 +31,13 @@ void addArc(QPainterPath& path, QPointF centre, qreal radius, qreal startAngle, 
         if (sweep < 0)
             sweep += fullTurn;
     }
-    const QPointF start = pointOnCircle(centre, radius, startAngle);
+    const QPointF start = pointOnCircle(center, radius, startAngle);
     if (path.elementCount() == 0)
         path.moveTo(start);
     else
         path.lineTo(start);
     // Qt's angles grow counter-clockwise on screen: both signs flip.
-    const QRectF circle(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
+    const QRectF circle(center.x() - radius, center.y() - radius, 2 * radius, 2 * radius);
     path.arcTo(circle, -degrees(startAngle), -degrees(clockwise ? -sweep : sweep));
 }
 
@@ -58,14 +58,14 @@ void addArcToPoint(QPainterPath& path, QPointF corner, QPointF towards, qreal ra
     const QPointF first = corner + inUnit * toTangent;
     const QPointF second = corner + outUnit * toTangent;
     const QPointF bisector = inUnit + outUnit;
-    const QPointF centre =
+    const QPointF center =
         corner + bisector / std::hypot(bisector.x(), bisector.y()) * (radius / std::sin(half));
-    const qreal startAngle = std::atan2(first.y() - centre.y(), first.x() - centre.x());
-    qreal endAngle = std::atan2(second.y() - centre.y(), second.x() - centre.x());
+    const qreal startAngle = std::atan2(first.y() - center.y(), first.x() - center.x());
+    qreal endAngle = std::atan2(second.y() - center.y(), second.x() - center.x());
     // The short way round, which is the side the corner lies on.
     qreal sweep = std::remainder(endAngle - startAngle, fullTurn);
     endAngle = startAngle + sweep;
-    addArc(path, centre, radius, startAngle, endAngle, sweep < 0);
+    addArc(path, center, radius, startAngle, endAngle, sweep < 0);
 }
 
 } // namespace pomwick

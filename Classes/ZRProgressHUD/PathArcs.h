@@ -9,7 +9,7 @@ namespace pomwick {
 // on screen. addArc joins the current point to the arc's start with a line; `clockwise` false
 // sweeps towards growing angles. A sweep of 2 pi or more draws the whole circle; angles that are
 // not numbers add nothing.
-void addArc(QPainterPath& path, QPointF centre, qreal radius, qreal startAngle, qreal endAngle,
+void addArc(QPainterPath& path, QPointF center, qreal radius, qreal startAngle, qreal endAngle,
             bool clockwise);
 
 // The arc of the given radius tangent to the lines current point -> corner and corner -> towards,

@@ -23,18 +23,18 @@ void ZRBarProgressView::setProgress(float progress) {
     emit progressChanged();
 }
 
-void ZRBarProgressView::setLineColor(const QColor& colour) {
-    lineColor_ = colour;
+void ZRBarProgressView::setLineColor(const QColor& color) {
+    lineColor_ = color;
     update();
 }
 
-void ZRBarProgressView::setProgressColor(const QColor& colour) {
-    progressColor_ = colour;
+void ZRBarProgressView::setProgressColor(const QColor& color) {
+    progressColor_ = color;
     update();
 }
 
-void ZRBarProgressView::setProgressRemainingColor(const QColor& colour) {
-    progressRemainingColor_ = colour;
+void ZRBarProgressView::setProgressRemainingColor(const QColor& color) {
+    progressRemainingColor_ = color;
     update();
 }
 

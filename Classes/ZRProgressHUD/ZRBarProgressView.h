@@ -20,11 +20,11 @@ public:
     float progress() const { return progress_; }
     void setProgress(float progress);
     QColor lineColor() const { return lineColor_; }
-    void setLineColor(const QColor& colour);
+    void setLineColor(const QColor& color);
     QColor progressColor() const { return progressColor_; }
-    void setProgressColor(const QColor& colour);
+    void setProgressColor(const QColor& color);
     QColor progressRemainingColor() const { return progressRemainingColor_; }
-    void setProgressRemainingColor(const QColor& colour);
+    void setProgressRemainingColor(const QColor& color);
 
 signals:
     void progressChanged();

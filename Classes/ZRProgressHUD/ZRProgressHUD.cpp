@@ -93,8 +93,8 @@ void ZRProgressHUD::setLabelText(const QString& text) {
 void ZRProgressHUD::setLabelFont(const QFont& font) {
     assign(labelFont_, font, &ZRProgressHUD::labelFontChanged, "labelFont");
 }
-void ZRProgressHUD::setLabelColor(const QColor& colour) {
-    assign(labelColor_, colour, &ZRProgressHUD::labelColorChanged, "labelColor");
+void ZRProgressHUD::setLabelColor(const QColor& color) {
+    assign(labelColor_, color, &ZRProgressHUD::labelColorChanged, "labelColor");
 }
 void ZRProgressHUD::setDetailsLabelText(const QString& text) {
     assign(detailsLabelText_, text, &ZRProgressHUD::detailsLabelTextChanged, "detailsLabelText");
@@ -102,8 +102,8 @@ void ZRProgressHUD::setDetailsLabelText(const QString& text) {
 void ZRProgressHUD::setDetailsLabelFont(const QFont& font) {
     assign(detailsLabelFont_, font, &ZRProgressHUD::detailsLabelFontChanged, "detailsLabelFont");
 }
-void ZRProgressHUD::setDetailsLabelColor(const QColor& colour) {
-    assign(detailsLabelColor_, colour, &ZRProgressHUD::detailsLabelColorChanged,
+void ZRProgressHUD::setDetailsLabelColor(const QColor& color) {
+    assign(detailsLabelColor_, color, &ZRProgressHUD::detailsLabelColorChanged,
            "detailsLabelColor");
 }
 void ZRProgressHUD::setProgress(float progress) {
@@ -112,9 +112,9 @@ void ZRProgressHUD::setProgress(float progress) {
 
 void ZRProgressHUD::updateUIForKeypath(const char* keyPath) {
     const QByteArray key(keyPath);
-    const auto recolour = [](QLabel* label, const QColor& colour) {
+    const auto recolor = [](QLabel* label, const QColor& color) {
         QPalette palette = label->palette();
-        palette.setColor(QPalette::WindowText, colour);
+        palette.setColor(QPalette::WindowText, color);
         label->setPalette(palette);
     };
     if (key == "mode" || key == "customView") {
@@ -125,14 +125,14 @@ void ZRProgressHUD::updateUIForKeypath(const char* keyPath) {
     } else if (key == "labelFont") {
         label_->setFont(labelFont_);
     } else if (key == "labelColor") {
-        recolour(label_, labelColor_);
+        recolor(label_, labelColor_);
     } else if (key == "detailsLabelText") {
         detailsLabel_->setText(detailsLabelText_);
         setAccessibleDescription(detailsLabelText_);
     } else if (key == "detailsLabelFont") {
         detailsLabel_->setFont(detailsLabelFont_);
     } else if (key == "detailsLabelColor") {
-        recolour(detailsLabel_, detailsLabelColor_);
+        recolor(detailsLabel_, detailsLabelColor_);
     } else if (key == "progress") {
         // Only an indicator that has a progress hears of it; the notice itself stays as it is.
         if (indicator_ && indicator_->metaObject()->indexOfProperty("progress") >= 0)

@@ -57,12 +57,12 @@ Q_DECLARE_INTERFACE(pomwick::ZRProgressHUDDelegate, "com.velquor.pomwick.ZRProgr
 
 namespace pomwick {
 
-// A floating notice: a rounded translucent panel centred over its host view, showing a spinner,
+// A floating notice: a rounded translucent panel centered over its host view, showing a spinner,
 // a progress view, a custom view or text only, with a main and a details label. It covers the
 // host while shown, fades or zooms in and out, can wait a grace time before showing and a
 // minimum time before hiding, and can run work on another thread while it is shown.
 //
-// Changes to the observed properties (mode, customView, the labels' texts, fonts and colours,
+// Changes to the observed properties (mode, customView, the labels' texts, fonts and colors,
 // progress) emit their signal and update the notice on its own thread, queued there when made
 // from another thread.
 class ZRProgressHUD : public QWidget {
@@ -134,13 +134,13 @@ public:
     QFont labelFont() const { return labelFont_; }
     void setLabelFont(const QFont& font);
     QColor labelColor() const { return labelColor_; }
-    void setLabelColor(const QColor& colour);
+    void setLabelColor(const QColor& color);
     QString detailsLabelText() const { return detailsLabelText_; }
     void setDetailsLabelText(const QString& text);
     QFont detailsLabelFont() const { return detailsLabelFont_; }
     void setDetailsLabelFont(const QFont& font);
     QColor detailsLabelColor() const { return detailsLabelColor_; }
-    void setDetailsLabelColor(const QColor& colour);
+    void setDetailsLabelColor(const QColor& color);
     float progress() const { return progress_; }
     void setProgress(float progress);
 
@@ -148,9 +148,9 @@ public:
     void setAnimationType(int type) { animationType_ = type; }
     float opacity() const { return opacity_; }
     void setOpacity(float opacity) { opacity_ = opacity; }
-    // The panel's colour; invalid (the default) draws black at `opacity`.
+    // The panel's color; invalid (the default) draws black at `opacity`.
     QColor color() const { return color_; }
-    void setColor(const QColor& colour) { color_ = colour; }
+    void setColor(const QColor& color) { color_ = color; }
     float xOffset() const { return xOffset_; }
     void setXOffset(float offset) { xOffset_ = offset; }
     float yOffset() const { return yOffset_; }

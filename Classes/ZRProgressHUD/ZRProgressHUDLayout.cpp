@@ -1,4 +1,4 @@
-// The notice's layout (indicator, label and details stacked in a centred panel) and drawing.
+// The notice's layout (indicator, label and details stacked in a centered panel) and drawing.
 #include "NoticePanel.h"
 #include "TextDrawing.h"
 #include "ViewGeometry.h"
@@ -40,15 +40,15 @@ QSizeF ZRProgressHUD::contentSize() const {
 
 void ZRProgressHUD::placePanel() {
     // The layout works in the notice's own (possibly turned) bounds; the panel is turned about
-    // the notice's centre, so its centre moves with the turn and the panel itself turns with the
+    // the notice's center, so its center moves with the turn and the panel itself turns with the
     // presentation transform.
-    const QPointF fromCentre =
+    const QPointF fromCenter =
         panelRect_.center() - QPointF(contentSize().width(), contentSize().height()) / 2;
     QTransform turn;
     turn.rotateRadians(rotationAngle_);
-    const QPointF centre = QPointF(width(), height()) / 2 + turn.map(fromCentre);
+    const QPointF center = QPointF(width(), height()) / 2 + turn.map(fromCenter);
     QRectF placed(QPointF(), panelRect_.size());
-    placed.moveCenter(centre);
+    placed.moveCenter(center);
     setFrame(panel_, placed);
 }
 
@@ -87,19 +87,19 @@ void ZRProgressHUD::layoutSubviews() {
     totalWidth += 2 * m;
     totalHeight += 2 * m;
 
-    const auto centred = [&](QSizeF size, qreal y) {
+    const auto centered = [&](QSizeF size, qreal y) {
         return QRectF(QPointF(std::round((w - size.width()) / 2) + xOffset_, y), size);
     };
     qreal y = std::round((h - totalHeight) / 2) + m + yOffset_;
-    const QRectF indicatorFrame = centred(indicatorSize, y);
+    const QRectF indicatorFrame = centered(indicatorSize, y);
     y += indicatorSize.height();
     if (labelSize.height() > 0 && indicatorSize.height() > 0)
         y += padding;
-    const QRectF labelFrame = centred(labelSize, y);
+    const QRectF labelFrame = centered(labelSize, y);
     y += labelSize.height();
     if (detailsSize.height() > 0 && indicatorOrLabel)
         y += padding;
-    const QRectF detailsFrame = centred(detailsSize, y);
+    const QRectF detailsFrame = centered(detailsSize, y);
 
     if (square_) {
         const qreal side = std::max(totalWidth, totalHeight);

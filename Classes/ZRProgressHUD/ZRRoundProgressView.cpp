@@ -25,13 +25,13 @@ void ZRRoundProgressView::setProgress(float progress) {
     emit progressChanged();
 }
 
-void ZRRoundProgressView::setProgressTintColor(const QColor& colour) {
-    progressTintColor_ = colour;
+void ZRRoundProgressView::setProgressTintColor(const QColor& color) {
+    progressTintColor_ = color;
     update();
 }
 
-void ZRRoundProgressView::setBackgroundTintColor(const QColor& colour) {
-    backgroundTintColor_ = colour;
+void ZRRoundProgressView::setBackgroundTintColor(const QColor& color) {
+    backgroundTintColor_ = color;
     update();
 }
 
@@ -44,14 +44,14 @@ void ZRRoundProgressView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal w = width();
-    const QPointF centre(w / 2, height() / 2.0);
+    const QPointF center(w / 2, height() / 2.0);
     const qreal endAngle = twelveOClock + 2 * std::numbers::pi * qreal(progress_);
     if (annular_) {
         const qreal radius = (w - 5) / 2;
-        const auto stroke = [&](const QColor& colour, qreal end) {
+        const auto stroke = [&](const QColor& color, qreal end) {
             QPainterPath arc;
-            addArc(arc, centre, radius, twelveOClock, end, false);
-            painter.strokePath(arc, QPen(colour, 5.0, Qt::SolidLine, Qt::RoundCap));
+            addArc(arc, center, radius, twelveOClock, end, false);
+            painter.strokePath(arc, QPen(color, 5.0, Qt::SolidLine, Qt::RoundCap));
         };
         stroke(backgroundTintColor_, 3 * std::numbers::pi / 2);
         stroke(progressTintColor_, endAngle);
@@ -63,8 +63,8 @@ void ZRRoundProgressView::paintEvent(QPaintEvent*) {
     painter.drawEllipse(circle);
     // The wedge is white whatever the tint: only the outline takes progressTintColor.
     QPainterPath wedge;
-    wedge.moveTo(centre);
-    addArc(wedge, centre, (w - 4) / 2, twelveOClock, endAngle, false);
+    wedge.moveTo(center);
+    addArc(wedge, center, (w - 4) / 2, twelveOClock, endAngle, false);
     wedge.closeSubpath();
     painter.fillPath(wedge, Qt::white);
 }

@@ -19,9 +19,9 @@ public:
     float progress() const { return progress_; }
     void setProgress(float progress);
     QColor progressTintColor() const { return progressTintColor_; }
-    void setProgressTintColor(const QColor& colour);
+    void setProgressTintColor(const QColor& color);
     QColor backgroundTintColor() const { return backgroundTintColor_; }
-    void setBackgroundTintColor(const QColor& colour);
+    void setBackgroundTintColor(const QColor& color);
     bool isAnnular() const { return annular_; }
     void setAnnular(bool annular);
 

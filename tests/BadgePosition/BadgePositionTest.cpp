@@ -82,7 +82,7 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
     EXPECT_EQ(hint, QRectF(-1, 32, 322, hint.height()));
     EXPECT_EQ(editor->infoTextView()->text(), "Drag the badge bubble \nto your desired location.");
 
-    // A landscape window: the square is centred again, the hint still at a tenth of the width.
+    // A landscape window: the square is centered again, the hint still at a tenth of the width.
     setFrame(editor->view(), QRectF(0, 0, 480, 320));
     editor->didRotateFromInterfaceOrientation(1);
     EXPECT_EQ(frame(editor->innerView()).topLeft(), QPointF(149, 69));

@@ -25,9 +25,9 @@ protected:
     }
     void TearDown() override { setMainScreenScaleOverride(std::nullopt); }
 
-    void writeImage(const std::string& devicePath, QSize pixels, QColor colour) {
+    void writeImage(const std::string& devicePath, QSize pixels, QColor color) {
         QImage image(pixels, QImage::Format_ARGB32);
-        image.fill(colour);
+        image.fill(color);
         std::filesystem::create_directories(hostPath(devicePath).parent_path());
         ASSERT_TRUE(writePngAtomically(image, hostPath(devicePath)));
     }

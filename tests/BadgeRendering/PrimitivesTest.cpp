@@ -25,14 +25,14 @@ protected:
         draw(context.painter());
         return context.image();
     }
-    QImage solid(QSizeF size, QColor colour) {
-        return image(size, [&](QPainter& p) { p.fillRect(QRectF(QPointF(), size), colour); });
+    QImage solid(QSizeF size, QColor color) {
+        return image(size, [&](QPainter& p) { p.fillRect(QRectF(QPointF(), size), color); });
     }
 
     test::TemporaryDeviceRoot root;
 };
 
-// The colour at a point given in points.
+// The color at a point given in points.
 QColor at(const QImage& image, double x, double y) {
     const double scale = image.devicePixelRatio();
     return image.pixelColor(int(x * scale), int(y * scale));
@@ -47,16 +47,16 @@ bool near(const QColor& a, const QColor& b, int tolerance = 3) {
 
 struct Sample {
     double x, y;
-    QColor colour;
+    QColor color;
 };
 
-// Checks the image's size in points, its scale and the colour at each sample point.
+// Checks the image's size in points, its scale and the color at each sample point.
 void expectImage(const QImage& image, QSizeF points, double scale,
                  std::initializer_list<Sample> samples) {
     EXPECT_EQ(pointSize(image), points);
     EXPECT_EQ(image.devicePixelRatio(), scale);
     for (const Sample& sample : samples)
-        EXPECT_TRUE(near(at(image, sample.x, sample.y), sample.colour))
+        EXPECT_TRUE(near(at(image, sample.x, sample.y), sample.color))
             << sample.x << "," << sample.y << ": "
             << at(image, sample.x, sample.y).name().toStdString();
 }
@@ -79,16 +79,16 @@ TEST_P(Primitives, ScalingStretchesWithoutKeepingTheAspectRatio) {
 TEST_P(Primitives, BorderOfExactlyOneReturnsTheSameImage) {
     const QImage badge = solid(QSizeF(20, 20), red);
     setPreferencesObjectKey("1.0", SettingsKey::badgeBorderWidth);
-    EXPECT_EQ(addBorderToImage(badge, Colour{0, 0, 1, 1}).cacheKey(), badge.cacheKey());
+    EXPECT_EQ(addBorderToImage(badge, Color{0, 0, 1, 1}).cacheKey(), badge.cacheKey());
     setPreferencesObjectKey("1.0000001", SettingsKey::badgeBorderWidth);
-    const QImage bordered = addBorderToImage(badge, Colour{0, 0, 1, 1});
+    const QImage bordered = addBorderToImage(badge, Color{0, 0, 1, 1});
     EXPECT_NE(bordered.cacheKey(), badge.cacheKey());
     EXPECT_GT(pointSize(bordered).width(), 20);
 }
 
-TEST_P(Primitives, BorderCentresTheImageOnItsEnlargedSilhouette) {
+TEST_P(Primitives, BorderCentersTheImageOnItsEnlargedSilhouette) {
     setPreferencesObjectKey("1.500000", SettingsKey::badgeBorderWidth);
-    const QImage bordered = addBorderToImage(solid(QSizeF(20, 20), red), Colour{0, 0, 1, 1});
+    const QImage bordered = addBorderToImage(solid(QSizeF(20, 20), red), Color{0, 0, 1, 1});
     expectImage(bordered, QSizeF(30, 30), scale(),
                 {{1, 1, blue}, {28.5, 28.5, blue}, {15, 15, red}, {5.5, 15, red}, {4, 15, blue}});
 }
@@ -98,7 +98,7 @@ TEST_P(Primitives, BorderSilhouetteIsTheMaskMirroredVertically) {
     // Only the top half is opaque: the silhouette ends up in the bottom half.
     const QImage topHalf =
         image(QSizeF(20, 20), [](QPainter& p) { p.fillRect(QRectF(0, 0, 20, 10), red); });
-    const QImage bordered = addBorderToImage(topHalf, Colour{0, 0, 1, 1});
+    const QImage bordered = addBorderToImage(topHalf, Color{0, 0, 1, 1});
     // Outside the silhouette the stretched copy of the image is left as it was drawn.
     expectImage(bordered, QSizeF(40, 40), scale(), {{20, 30, blue}, {20, 5, red}});
 }
@@ -112,25 +112,25 @@ TEST_P(Primitives, AlphaFadesTheWholeImage) {
 
 TEST_P(Primitives, TextImagesAreAsWideAsTheTextAndAsHighAsTheFlagSays) {
     const Font font{"Verdana", 40, "DejaVu Sans", "Book", {}};
-    const QImage fixed = makeImageFromText("12", font, Colour{0, 1, 0, 1}, false);
+    const QImage fixed = makeImageFromText("12", font, Color{0, 1, 0, 1}, false);
     EXPECT_EQ(pointSize(fixed).height(), 19);
     EXPECT_EQ(fixed.devicePixelRatio(), scale());
 
-    const QImage measured = makeImageFromText("12", font, Colour{0, 1, 0, 1}, true);
+    const QImage measured = makeImageFromText("12", font, Color{0, 1, 0, 1}, true);
     const QSizeF size = sizeWithAttributes("12", toQFont(font));
     EXPECT_NEAR(pointSize(measured).width(), size.width(), 1.0 / scale());
     EXPECT_NEAR(pointSize(measured).height(), float(size.height()), 1.0 / scale());
     EXPECT_GT(size.height(), 40);
 
-    // Transparent around the glyphs, the text colour where they are.
+    // Transparent around the glyphs, the text color where they are.
     EXPECT_EQ(at(measured, 0, 0).alpha(), 0);
-    bool textColourFound = false;
-    for (int y = 0; y < measured.height() && !textColourFound; ++y)
+    bool textColorFound = false;
+    for (int y = 0; y < measured.height() && !textColorFound; ++y)
         for (int x = 0; x < measured.width(); ++x)
-            textColourFound = textColourFound || near(measured.pixelColor(x, y), green, 10);
-    EXPECT_TRUE(textColourFound);
+            textColorFound = textColorFound || near(measured.pixelColor(x, y), green, 10);
+    EXPECT_TRUE(textColorFound);
 
-    const QImage empty = makeImageFromText("", font, Colour{}, true);
+    const QImage empty = makeImageFromText("", font, Color{}, true);
     EXPECT_EQ(pointSize(empty).width(), 0);
 }
 
@@ -140,19 +140,19 @@ TEST_P(Primitives, FillFlattensTheShapeAndShowsTheInnerHalfOfABlackOutline) {
         p.setPen(Qt::NoPen);
         p.drawEllipse(QRectF(0, 0, 20, 20));
     });
-    const QImage filled = fillImageWithColor(disc, Colour{0, 0, 1, 1});
+    const QImage filled = fillImageWithColor(disc, Color{0, 0, 1, 1});
     expectImage(filled, QSizeF(20, 20), scale(), {{10, 10, blue}});
     EXPECT_EQ(at(filled, 0.5, 0.5).alpha(), 0);
 
-    // A shape that reaches the edge: the outline darkens the edge, inside stays the colour.
-    const QImage square = fillImageWithColor(solid(QSizeF(20, 20), red), Colour{0, 0, 1, 1});
+    // A shape that reaches the edge: the outline darkens the edge, inside stays the color.
+    const QImage square = fillImageWithColor(solid(QSizeF(20, 20), red), Color{0, 0, 1, 1});
     const QColor edge = at(square, 10, 0);
     EXPECT_LT(edge.blue(), 200);
     EXPECT_EQ(edge.alpha(), 255);
     EXPECT_TRUE(near(at(square, 10, 2), blue));
 }
 
-TEST_P(Primitives, CombiningCentresTheSecondWithRoundedOffsets) {
+TEST_P(Primitives, CombiningCentersTheSecondWithRoundedOffsets) {
     const QImage combined =
         imageByCombiningImage(solid(QSizeF(30, 24), red), solid(QSizeF(9, 15), blue));
     // (30 - 9) / 2 = 10.5 rounds to 11; (24 - 15) / 2 = 4.5 rounds to 5.

@@ -11,31 +11,31 @@ namespace {
 
 class RecordingDelegate : public QObject, public LJColorPickerViewDelegate {
 public:
-    void didSelectColor(LJColorPickerView* picker, const Colour& color) override {
+    void didSelectColor(LJColorPickerView* picker, const Color& color) override {
         told.emplace_back(picker, color);
     }
-    std::vector<std::pair<LJColorPickerView*, Colour>> told;
+    std::vector<std::pair<LJColorPickerView*, Color>> told;
 };
 
-std::vector<Colour> palette(int count) {
-    std::vector<Colour> colours;
+std::vector<Color> palette(int count) {
+    std::vector<Color> colors;
     for (int i = 0; i < count; ++i)
-        colours.push_back({float(i % 256) / 255, float(i / 256 % 256) / 255, 0.5f, 1});
-    return colours;
+        colors.push_back({float(i % 256) / 255, float(i / 256 % 256) / 255, 0.5f, 1});
+    return colors;
 }
 
 struct Picker {
-    explicit Picker(int colours, int width = 320, int height = 480) {
+    explicit Picker(int colors, int width = 320, int height = 480) {
         view.resize(width, height);
-        view.setColors(palette(colours));
+        view.setColors(palette(colors));
         view.show();
     }
     CollectionView* grid() { return view.colorView(); }
-    QPoint centreOf(int item) {
+    QPoint centerOf(int item) {
         return grid()->visualRect(grid()->model()->index(item, 0)).center();
     }
     void tap(int item) {
-        QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, centreOf(item));
+        QTest::mouseClick(grid()->viewport(), Qt::LeftButton, {}, centerOf(item));
     }
     CollectionViewCell* cell(int item) { return grid()->cellForItemAtIndexPath({0, item}); }
     LJColorPickerView view;
@@ -46,7 +46,7 @@ TEST(LJColorPickerView, StartsWithItsDefaultsAndClampsWhatItIsGiven) {
     EXPECT_EQ(view.colorsPerRow(), 4);
     EXPECT_EQ(view.colorCellPadding(), 2.0);
     EXPECT_TRUE(view.highlightSelection());
-    EXPECT_EQ(view.selectionBorderColor(), Colour::white());
+    EXPECT_EQ(view.selectionBorderColor(), Color::white());
     EXPECT_FALSE(view.selectedColor());
     EXPECT_EQ(view.colorView()->numberOfItems(), 0);
     EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2));
@@ -91,18 +91,18 @@ TEST(LJColorPickerView, LaysSwatchesOutInRowsThatFillTheWidth) {
     EXPECT_EQ(grid->contentOffset(), QPointF(0, 0));
 }
 
-TEST(LJColorPickerView, TapBordersTheSwatchAndReportsItsColour) {
+TEST(LJColorPickerView, TapBordersTheSwatchAndReportsItsColor) {
     Picker picker(10);
     RecordingDelegate delegate;
     picker.view.setDelegate(&delegate);
 
-    QTest::mousePress(picker.grid()->viewport(), Qt::LeftButton, {}, picker.centreOf(2));
+    QTest::mousePress(picker.grid()->viewport(), Qt::LeftButton, {}, picker.centerOf(2));
     ASSERT_TRUE(QTest::qWaitFor([&] { return picker.cell(2) && picker.cell(2)->alpha() == 0.5; }))
         << "dimmed while pressed";
-    QTest::mouseRelease(picker.grid()->viewport(), Qt::LeftButton, {}, picker.centreOf(2));
+    QTest::mouseRelease(picker.grid()->viewport(), Qt::LeftButton, {}, picker.centerOf(2));
     EXPECT_EQ(picker.cell(2)->alpha(), 1.0);
     EXPECT_EQ(picker.cell(2)->borderWidth(), 5.0);
-    EXPECT_EQ(picker.cell(2)->borderColour(), QColor(Qt::white));
+    EXPECT_EQ(picker.cell(2)->borderColor(), QColor(Qt::white));
     ASSERT_EQ(delegate.told.size(), 1u);
     EXPECT_EQ(delegate.told[0].first, &picker.view);
     EXPECT_EQ(delegate.told[0].second, palette(10)[2]);
@@ -114,7 +114,7 @@ TEST(LJColorPickerView, TapBordersTheSwatchAndReportsItsColour) {
 
     picker.view.setHighlightSelection(false);
     EXPECT_FALSE(picker.grid()->indexPathForSelectedItem()) << "a reset clears the selection";
-    EXPECT_EQ(picker.view.selectedColor(), palette(10)[5]) << "but keeps the colour";
+    EXPECT_EQ(picker.view.selectedColor(), palette(10)[5]) << "but keeps the color";
     picker.tap(7);
     EXPECT_EQ(picker.cell(7)->borderWidth(), 0);
     EXPECT_EQ(delegate.told.size(), 3u);
@@ -137,7 +137,7 @@ TEST(LJColorPickerView, EverySetterScrollsBackToTheTop) {
     Picker picker(400);
     picker.grid()->setContentOffset({0, 900});
     ASSERT_EQ(picker.grid()->contentOffset(), QPointF(0, 900));
-    picker.view.setSelectionBorderColor(Colour::black());
+    picker.view.setSelectionBorderColor(Color::black());
     EXPECT_EQ(picker.grid()->contentOffset(), QPointF(0, 0));
 }
 
@@ -172,9 +172,9 @@ TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelects) {
     EXPECT_EQ(picker.view.selectedColor(), palette(12)[11]);
 }
 
-TEST(LJColorPickerView, ReadsAsAListOfNamedColours) {
+TEST(LJColorPickerView, ReadsAsAListOfNamedColors) {
     Picker picker(3);
-    picker.view.setColors({{1, 0.5f, 0, 1}, Colour::black()});
+    picker.view.setColors({{1, 0.5f, 0, 1}, Color::black()});
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(picker.grid());
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(list->role(), QAccessible::List);

@@ -28,21 +28,21 @@ std::unique_ptr<QLabel> rowView(DQFontPicker& picker, int row, int component) {
         qobject_cast<QLabel*>(picker.viewForRow(&picker, row, component, nullptr)));
 }
 
-TEST(DQFontPicker, ColourWheelRunsFromTheHighestHueDownToBlack) {
+TEST(DQFontPicker, ColorWheelRunsFromTheHighestHueDownToBlack) {
     DQFontPicker picker;
-    const std::vector<Colour>& colours = picker.colorList();
-    ASSERT_EQ(colours.size(), 125u);
-    EXPECT_EQ(colours.back(), Colour::black());
-    const std::vector<Colour> brightReds{
-        {1, 0, 0, 1}, {1, 0.25, 0.25, 1}, {1, 0.5, 0.5, 1}, {1, 0.75, 0.75, 1}, Colour::white()};
+    const std::vector<Color>& colors = picker.colorList();
+    ASSERT_EQ(colors.size(), 125u);
+    EXPECT_EQ(colors.back(), Color::black());
+    const std::vector<Color> brightReds{
+        {1, 0, 0, 1}, {1, 0.25, 0.25, 1}, {1, 0.5, 0.5, 1}, {1, 0.75, 0.75, 1}, Color::white()};
     const auto reds =
-        std::search(colours.begin(), colours.end(), brightReds.begin(), brightReds.end());
-    EXPECT_NE(reds, colours.end()) << "white follows the reds of full brightness";
-    EXPECT_EQ(colours.front(), (Colour{1, 0, 0.25, 1})) << "the highest hue, a red-leaning pink";
+        std::search(colors.begin(), colors.end(), brightReds.begin(), brightReds.end());
+    EXPECT_NE(reds, colors.end()) << "white follows the reds of full brightness";
+    EXPECT_EQ(colors.front(), (Color{1, 0, 0.25, 1})) << "the highest hue, a red-leaning pink";
 }
 
 TEST(DQFontPicker, OnlyNegativeVariantCountsSurviveTheBuild) {
-    for (const auto& [colours, greys, rows] : {std::tuple<qint64, qint64, size_t>{0, 0, 125},
+    for (const auto& [colors, greys, rows] : {std::tuple<qint64, qint64, size_t>{0, 0, 125},
                                                {27, 0, 125},
                                                {1, 1, 125},
                                                {1'000'000'000, 1'000'000'000, 125},
@@ -50,15 +50,15 @@ TEST(DQFontPicker, OnlyNegativeVariantCountsSurviveTheBuild) {
                                                {0, -1, 125},
                                                {-1, -1, 0}}) {
         DQFontPicker picker;
-        picker.setColorVariants(colours);
+        picker.setColorVariants(colors);
         picker.setGrayVariants(greys);
-        EXPECT_EQ(picker.colorList().size(), rows) << colours << " " << greys;
-        EXPECT_EQ(picker.colorVariants(), colours >= 0 ? 125 : colours);
+        EXPECT_EQ(picker.colorList().size(), rows) << colors << " " << greys;
+        EXPECT_EQ(picker.colorVariants(), colors >= 0 ? 125 : colors);
     }
 }
 
-TEST(DQFontPicker, AColourSetBeforeTheBuildGetsARowAndOneSetAfterSelectsTheNearest) {
-    const Colour teal{0.1f, 0.5f, 0.45f, 1};
+TEST(DQFontPicker, AColorSetBeforeTheBuildGetsARowAndOneSetAfterSelectsTheNearest) {
+    const Color teal{0.1f, 0.5f, 0.45f, 1};
     DQFontPicker before;
     before.setColor(teal);
     EXPECT_EQ(before.colorList().size(), 126u);
@@ -68,17 +68,17 @@ TEST(DQFontPicker, AColourSetBeforeTheBuildGetsARowAndOneSetAfterSelectsTheNeare
     after.colorList();
     after.setColor(teal);
     EXPECT_EQ(after.colorList().size(), 125u);
-    EXPECT_EQ(after.selectedColor(), (Colour{0, 0.5, 0.5, 1}));
-    EXPECT_EQ(after.color(), teal) << "the colour itself is kept";
+    EXPECT_EQ(after.selectedColor(), (Color{0, 0.5, 0.5, 1}));
+    EXPECT_EQ(after.color(), teal) << "the color itself is kept";
 
-    for (const auto& [colour, exact, nearest] :
-         {std::tuple<std::optional<Colour>, bool, bool>{Colour{1, 0, 0, 0.2f}, true, true},
-          {Colour{1.001f, 0, 0, 1}, true, true},
+    for (const auto& [color, exact, nearest] :
+         {std::tuple<std::optional<Color>, bool, bool>{Color{1, 0, 0, 0.2f}, true, true},
+          {Color{1.001f, 0, 0, 1}, true, true},
           {teal, false, true},
           {std::nullopt, false, false},
-          {Colour{float(nan), 0, 0, 1}, false, false}}) {
-        EXPECT_EQ(after.indexForColor(colour) != notFound, exact);
-        EXPECT_EQ(after.indexForNearestColor(colour) != notFound, nearest);
+          {Color{float(nan), 0, 0, 1}, false, false}}) {
+        EXPECT_EQ(after.indexForColor(color) != notFound, exact);
+        EXPECT_EQ(after.indexForNearestColor(color) != notFound, nearest);
     }
 }
 
@@ -202,7 +202,7 @@ TEST(DQFontPicker, WheelsHaveTheirWidthsHeightsAndRowCounts) {
     EXPECT_EQ(picker.numberOfRowsInComponent(&picker, 7), -1);
 }
 
-TEST(DQFontPicker, RowsShowAndNameTheirFaceTheirSizeAndTheirColour) {
+TEST(DQFontPicker, RowsShowAndNameTheirFaceTheirSizeAndTheirColor) {
     auto picker = pickerWithFaces({"DejaVuSans", "Zapfino", "DejaVuSerif"});
     picker->setSizeList({8, 13.5f});
     EXPECT_EQ(rowView(*picker, 0, 1)->text(), " 8");
@@ -213,16 +213,16 @@ TEST(DQFontPicker, RowsShowAndNameTheirFaceTheirSizeAndTheirColour) {
     picker->setText(QStringLiteral("Sample"));
     EXPECT_EQ(rowView(*picker, 1, 0)->text(), "Sample");
 
-    const auto colour = rowView(*picker, 124, 2);
-    EXPECT_EQ(colour->text(), QString::fromUtf8("\u2588\u2588"));
-    EXPECT_EQ(colour->palette().color(QPalette::Window), QColor(Qt::black));
-    EXPECT_EQ(colour->palette().color(QPalette::WindowText), QColor(Qt::black));
+    const auto color = rowView(*picker, 124, 2);
+    EXPECT_EQ(color->text(), QString::fromUtf8("\u2588\u2588"));
+    EXPECT_EQ(color->palette().color(QPalette::Window), QColor(Qt::black));
+    EXPECT_EQ(color->palette().color(QPalette::WindowText), QColor(Qt::black));
     EXPECT_EQ(rowView(*picker, 0, 5)->text(), "");
     EXPECT_EQ(rowView(*picker, 0, 5)->height(), 20);
     for (auto [row, component] : {std::pair{3, 0}, {2, 1}, {125, 2}})
         EXPECT_EQ(picker->viewForRow(picker.get(), row, component, nullptr), nullptr);
 
-    // Wheels read as lists of rows named by their face, size and colour, whatever the sample.
+    // Wheels read as lists of rows named by their face, size and color, whatever the sample.
     picker->resize(320, 216);
     picker->show();
     QAccessibleInterface* fonts = QAccessible::queryAccessibleInterface(picker->wheel(0));
@@ -233,8 +233,8 @@ TEST(DQFontPicker, RowsShowAndNameTheirFaceTheirSizeAndTheirColour) {
     EXPECT_EQ(fonts->child(1)->text(QAccessible::Name), "DejaVuSerif");
     QAccessibleInterface* sizes = QAccessible::queryAccessibleInterface(picker->wheel(1));
     EXPECT_EQ(sizes->child(0)->text(QAccessible::Name), "8");
-    QAccessibleInterface* colours = QAccessible::queryAccessibleInterface(picker->wheel(2));
-    EXPECT_EQ(colours->child(124)->text(QAccessible::Name), "red 0% green 0% blue 0%");
+    QAccessibleInterface* colors = QAccessible::queryAccessibleInterface(picker->wheel(2));
+    EXPECT_EQ(colors->child(124)->text(QAccessible::Name), "red 0% green 0% blue 0%");
 }
 
 TEST(DQFontPicker, EveryUserPickUpdatesTheValueAndCallsTheHandler) {
@@ -252,10 +252,10 @@ TEST(DQFontPicker, EveryUserPickUpdatesTheValueAndCallsTheHandler) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return changes == 1; }));
     EXPECT_EQ(picker.fontSize(), 14);
 
-    PickerWheel* colours = picker.wheel(2);
-    QWheelEvent turn(QPointF(10, 10), colours->mapToGlobal(QPointF(10, 10)), {}, {0, -240},
+    PickerWheel* colors = picker.wheel(2);
+    QWheelEvent turn(QPointF(10, 10), colors->mapToGlobal(QPointF(10, 10)), {}, {0, -240},
                      Qt::NoButton, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(colours->viewport(), &turn);
+    QApplication::sendEvent(colors->viewport(), &turn);
     ASSERT_TRUE(QTest::qWaitFor([&] { return changes == 2; }));
     EXPECT_EQ(picker.color(), picker.colorList()[2]);
 

@@ -99,7 +99,7 @@ TEST(HostProgram, ASecondStartForTheSameRootBringsTheOpenWindowForward) {
     QProcess first;
     first.setProcessEnvironment(hostEnvironment());
     first.start(HOST, {"--root", rootArgument(root)});
-    // The page serves the screen's centre once the window is up.
+    // The page serves the screen's center once the window is up.
     QDBusConnectionInterface* bus = QDBusConnection::sessionBus().interface();
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return bus->isServiceRegistered("com.velquor.pomwickpreferences").value(); }, 30000));

@@ -66,7 +66,7 @@ TEST_F(FontSheet, SlidesUpBelowItsBarOverAClearTapCatcherWithTheStoredValuesChos
     EXPECT_EQ(next, done);
 }
 
-TEST_F(FontSheet, EveryWheelChangeStoresFontTruncatedSizeAndColourInThatOrder) {
+TEST_F(FontSheet, EveryWheelChangeStoresFontTruncatedSizeAndColorInThatOrder) {
     screen->showFontPicker();
     DQFontPicker* picker = screen->fontPicker();
     picker->setSizeList({17.9f});

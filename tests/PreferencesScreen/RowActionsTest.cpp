@@ -1,7 +1,7 @@
 #include "BadgePositionViewController.h"
 #include "ColorPickerController.h"
-#include "ColourPalette.h"
-#include "ColourText.h"
+#include "ColorPalette.h"
+#include "ColorText.h"
 #include "DevicePaths.h"
 #include "NavigationController.h"
 #include "ScreenFixture.h"
@@ -53,17 +53,17 @@ protected:
 
 } // namespace
 
-TEST(HexColour, EveryScannerRuleGivesTheColourOfItsLowTwentyFourBits) {
-    const Colour orange{1.0f, 128 / 255.0f, 0.0f, 0.5f};
-    const Colour black{0, 0, 0, 0.5f};
-    const std::pair<const char*, Colour> cases[] = {
+TEST(HexColor, EveryScannerRuleGivesTheColorOfItsLowTwentyFourBits) {
+    const Color orange{1.0f, 128 / 255.0f, 0.0f, 0.5f};
+    const Color black{0, 0, 0, 0.5f};
+    const std::pair<const char*, Color> cases[] = {
         {"#FF8000", orange},    {"FF8000", orange},    {"0xFF8000", orange},
         {"##ff8000zz", orange}, {"#80FF8000", orange}, {"zz", black},
         {" #FF8000", black},    {"", black},           {"0xFFFFFFFFFF", {1, 1, 1, 0.5f}},
     };
-    for (const auto& [hex, colour] : cases)
-        EXPECT_EQ(getUIColorFromHexString(hex, 0.5f), colour) << hex;
-    EXPECT_EQ(storedColourText(orange), "1.000000,0.501961,0.000000,0.500000");
+    for (const auto& [hex, color] : cases)
+        EXPECT_EQ(getUIColorFromHexString(hex, 0.5f), color) << hex;
+    EXPECT_EQ(storedColorText(orange), "1.000000,0.501961,0.000000,0.500000");
 }
 
 TEST_F(RowActions, BadPaletteFilesGiveAnEmptyOrPartlyFilledPalette) {
@@ -83,10 +83,10 @@ TEST_F(RowActions, BadPaletteFilesGiveAnEmptyOrPartlyFilledPalette) {
     };
     for (const auto& [bytes, count] : cases) {
         root.writeFile(paletteFile, bytes);
-        EXPECT_EQ(loadColourPalette().size(), count) << bytes;
+        EXPECT_EQ(loadColorPalette().size(), count) << bytes;
     }
     std::filesystem::remove(root.at(paletteFile));
-    EXPECT_TRUE(loadColourPalette().empty());
+    EXPECT_TRUE(loadColorPalette().empty());
 }
 
 TEST_F(RowActions, EachRowOpensItsEditorAndEverySelectionEndsDeselected) {
@@ -123,7 +123,7 @@ TEST_F(RowActions, EachRowOpensItsEditorAndEverySelectionEndsDeselected) {
     EXPECT_FALSE(screen->table()->indexPathForSelectedRow());
 }
 
-TEST_F(RowActions, ATappedSwatchStoresItsColourUnderTheGridsKeyAndThePaletteIsReadOnce) {
+TEST_F(RowActions, ATappedSwatchStoresItsColorUnderTheGridsKeyAndThePaletteIsReadOnce) {
     root.writeFile(paletteFile, paletteOf(entry("#FF8000") + entry("#0000FF")));
     host();
     const auto tapFirstSwatch = [&] {

@@ -39,7 +39,7 @@ protected:
         return seen.count("member=saveBadgeImages");
     }
 
-    // Runs a client to its end while this process keeps serving the screen's centre.
+    // Runs a client to its end while this process keeps serving the screen's center.
     static QString run(const QString& program, const QStringList& arguments) {
         QProcess client;
         client.setProcessChannelMode(QProcess::MergedChannels);
@@ -86,10 +86,10 @@ TEST_F(SaveRequests, ABurstOfRefreshMessagesCostsOneRefreshPerTurnAndASingleOneS
     // Each refresh ("reloadData") rebuilds and re-lays the table out: four requests, and one more
     // after it.
     const QPointer<TableViewCell> before = cell(1, 7);
-    const QStringList centre = {"--dest",        "com.velquor.pomwickpreferences",
+    const QStringList center = {"--dest",        "com.velquor.pomwickpreferences",
                                 "--object-path", "/com/velquor/pomwickpreferences",
                                 "--method",      "com.velquor.pomwickpreferences.reloadData"};
-    EXPECT_EQ(run("gdbus", QStringList{"call", "--session"} + centre), "()\n");
+    EXPECT_EQ(run("gdbus", QStringList{"call", "--session"} + center), "()\n");
     EXPECT_EQ(requests(9), 9);
     EXPECT_NE(cell(1, 7), before.data()); // null once the old row is deleted
     EXPECT_EQ(frame(screen->table()), bounds(screen->view()));
@@ -98,7 +98,7 @@ TEST_F(SaveRequests, ABurstOfRefreshMessagesCostsOneRefreshPerTurnAndASingleOneS
     run(MESSAGE_FLOOD, {"com.velquor.pomwickpreferences", QString::number(bursts), "reloadData",
                         "badgeSavedToTmp"});
     // Answered after every message of the flood has been handled.
-    EXPECT_EQ(run("gdbus", QStringList{"call", "--session"} + centre), "()\n");
+    EXPECT_EQ(run("gdbus", QStringList{"call", "--session"} + center), "()\n");
     const qsizetype refreshes = (requests(14) - 9) / 5;
     EXPECT_GE(refreshes, 1);
     EXPECT_LT(refreshes, bursts / 10);

@@ -1,4 +1,4 @@
-#include "ColourSwatch.h"
+#include "ColorSwatch.h"
 #include "ScreenFixture.h"
 #include "SegmentedControl.h"
 #include "Settings.h"
@@ -56,13 +56,13 @@ TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
     EXPECT_EQ(control<SegmentedControl>(1, 0)->selectedSegmentIndex(), 1);
     EXPECT_EQ(control<TextField>(1, 1)->text(), "");
     EXPECT_EQ(control<TextField>(1, 1)->placeholderText(), "Badge Text");
-    EXPECT_EQ(control<ColourSwatch>(1, 3)->colour(), QColor(Qt::white));
-    EXPECT_EQ(control<ColourSwatch>(1, 5)->colour(), QColor(Qt::black));
+    EXPECT_EQ(control<ColorSwatch>(1, 3)->color(), QColor(Qt::white));
+    EXPECT_EQ(control<ColorSwatch>(1, 5)->color(), QColor(Qt::black));
     EXPECT_FLOAT_EQ(control<Slider>(1, 6)->value(), 1.2f);
     EXPECT_EQ(tag(control<Slider>(1, 6)), 0);
     EXPECT_EQ(tag(control<Slider>(1, 7)), 1);
     EXPECT_EQ(screen->alphaCell(), cell(1, 7));
-    EXPECT_EQ(textColour(cell(3, 3)->textLabel()), QColor(Qt::blue));
+    EXPECT_EQ(textColor(cell(3, 3)->textLabel()), QColor(Qt::blue));
 }
 
 TEST_F(Table, SwitchedOffOrHiddenDimsAndDisablesTheBadgeRowsBelowTheControlThatDidIt) {
@@ -104,7 +104,7 @@ TEST_F(Table, RowsShowTheStoredValuesAndAnotherProgramsChangesAtTheNextRebuild) 
     EXPECT_EQ(text(1, 2), "Font: (null)");
     screen->reloadTableData();
     EXPECT_EQ(text(1, 2), "Font: DejaVuSans-Bold");
-    EXPECT_EQ(control<ColourSwatch>(1, 5)->colour(), QColor(Qt::red));
+    EXPECT_EQ(control<ColorSwatch>(1, 5)->color(), QColor(Qt::red));
     EXPECT_EQ(control<TextField>(1, 1)->text(), " @ ");
 }
 
@@ -114,7 +114,7 @@ TEST_F(Table, ControlsArePlacedFromTheCellsSize) {
     EXPECT_EQ(size, QSizeF(375, 44));
     EXPECT_EQ(frame(control<Switch>(0, 0)), QRectF(375 - 71, 6, 51, 31));
     EXPECT_EQ(frame(control<SegmentedControl>(1, 0)), QRectF(255, 5, 100, 34));
-    EXPECT_EQ(frame(control<ColourSwatch>(1, 3)), QRectF(375 - 34 - 15, 5, 34, 34));
+    EXPECT_EQ(frame(control<ColorSwatch>(1, 3)), QRectF(375 - 34 - 15, 5, 34, 34));
     // The alpha slider measures the widest label it will show, so it never moves.
     const QFont font = cell(1, 7)->textLabel()->font();
     const qreal x0 =

@@ -12,7 +12,7 @@ public:
     explicit RendererProcess(const QStringList& extraArguments = {});
     ~RendererProcess();
 
-    // Waits until it serves its centre.
+    // Waits until it serves its center.
     bool waitUntilServing();
     QProcess& process() { return process_; }
 

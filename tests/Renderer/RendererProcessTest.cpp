@@ -25,7 +25,7 @@ using pomwick::test::RendererProcess;
 
 namespace {
 
-// Plays the settings screen's side: serves its centre and counts the renderer's answers.
+// Plays the settings screen's side: serves its center and counts the renderer's answers.
 class ScreenSide : public testing::Test {
 protected:
     static void SetUpTestSuite() {
@@ -58,7 +58,7 @@ protected:
     int answers = 0;
 };
 
-QColor centreOf(const QImage& image) {
+QColor centerOf(const QImage& image) {
     return image.pixelColor(image.width() / 2, image.height() / 2);
 }
 
@@ -78,7 +78,7 @@ TEST_F(ScreenSide, ReportsTheIconSizeAndDrawsTheBackgroundFromTheSettings) {
     ASSERT_FALSE(background.isNull());
     const QImage stock = loadBundleImage(PreviewFile::stockBadge);
     EXPECT_EQ(background.size(), stock.size() * 1.5);
-    EXPECT_EQ(centreOf(background), QColor(0, 255, 0));
+    EXPECT_EQ(centerOf(background), QColor(0, 255, 0));
     // The border: the enlarged silhouette's rim, between the stock badge's edge and its own.
     const QColor rim = background.pixelColor(background.width() / 2, background.height() / 20);
     EXPECT_EQ(rim, QColor(0, 0, 255));
@@ -92,7 +92,7 @@ QImage previewBackground() {
     return scaleImageToSize(background, QSizeF(24 / size.height() * size.width(), 24));
 }
 
-// Every pixel of the text, centred on the background as the composition centres it, lies on the
+// Every pixel of the text, centered on the background as the composition centers it, lies on the
 // badge's opaque inside.
 bool textLiesInsideTheBadge(const QImage& background, const QImage& text) {
     const double scale = background.devicePixelRatio();
@@ -142,12 +142,12 @@ TEST_F(ScreenSide, TheBadgeIsAsWideAsItsTextRoundForOneCharacter) {
 TEST_F(ScreenSide, StaysResponsiveUnderAFloodAndItsLastRenderIsTheLastSettings) {
     RendererProcess renderer;
     ASSERT_TRUE(renderer.waitUntilServing());
-    const MessagingCenter& centre = MessagingCenter::centerNamed(CenterName::renderer);
+    const MessagingCenter& center = MessagingCenter::centerNamed(CenterName::renderer);
     for (int i = 0; i < 10000; ++i) {
         if (i % 1000 == 0)
             setPreferencesObjectKey(i % 2000 == 0 ? "1,0,0,1" : "0,1,0,1",
                                     SettingsKey::badgeBackgroundColor);
-        centre.sendMessageName(MessageName::saveBadgeImages);
+        center.sendMessageName(MessageName::saveBadgeImages);
     }
     setPreferencesObjectKey("0.000000,0.000000,1.000000,1.000000",
                             SettingsKey::badgeBackgroundColor);
@@ -160,7 +160,7 @@ TEST_F(ScreenSide, StaysResponsiveUnderAFloodAndItsLastRenderIsTheLastSettings) 
         QTest::qWait(300);
     }
     EXPECT_LT(answers, 10001) << "bursts are coalesced";
-    EXPECT_EQ(centreOf(imageWithContentsOfFile(tmpFile(PreviewFile::badgeBackground))),
+    EXPECT_EQ(centerOf(imageWithContentsOfFile(tmpFile(PreviewFile::badgeBackground))),
               QColor(0, 0, 255));
     EXPECT_TRUE(ping());
 }

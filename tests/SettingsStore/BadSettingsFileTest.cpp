@@ -123,7 +123,7 @@ TEST_F(BadSettingsFile, NumbersAnswerAsNumbers) {
     EXPECT_EQ(getBadgeAlpha(), 0.0f);
     // Kinds that only strings answer keep their defaults.
     EXPECT_EQ(getBadgeTextFieldText(), "");
-    EXPECT_EQ(getBadgeBorderColor(), Colour::black());
+    EXPECT_EQ(getBadgeBorderColor(), Color::black());
     EXPECT_EQ(getBadgeLocation(), BadgeLocation{});
 
     root.writeSettings(everyKeyHolding("<real>1e300</real>"));

@@ -91,7 +91,7 @@ TEST(SettingsSetter, ReadsABinaryPropertyListWrittenByAnotherProgram) {
     ASSERT_EQ(root.settingsBytes().rfind("bplist00", 0), 0u);
     EXPECT_FALSE(getEnabled());
     EXPECT_EQ(getBadgeLocation(), (BadgeLocation{0.25f, 0.75f}));
-    EXPECT_EQ(getBadgeFontColor(), (Colour{1, 0, 0, 1}));
+    EXPECT_EQ(getBadgeFontColor(), (Color{1, 0, 0, 1}));
     // The next write turns it into XML and keeps what it held.
     setPreferencesObjectKey("Hi", SettingsKey::badgeTextFieldText);
     EXPECT_EQ(root.settingsBytes().rfind("<?xml", 0), 0u);

@@ -1,6 +1,6 @@
 // Sends a flood of one-way messages from a process of its own, as a broken or hostile client
 // would, and returns once the bus has them all.
-// Usage: pomwick-message-flood CENTRE ROUNDS MESSAGE...
+// Usage: pomwick-message-flood CENTER ROUNDS MESSAGE...
 #include "MessagingCenter.h"
 
 #include <QCoreApplication>
@@ -15,10 +15,10 @@ int main(int argc, char** argv) {
     const int rounds = arguments.value(2).toInt(&number);
     if (arguments.size() < 4 || !number || rounds < 0)
         return 2;
-    const auto& centre = pomwick::MessagingCenter::centerNamed(arguments[1]);
+    const auto& center = pomwick::MessagingCenter::centerNamed(arguments[1]);
     for (int round = 0; round < rounds; ++round)
         for (qsizetype message = 3; message < arguments.size(); ++message)
-            centre.sendMessageName(arguments[message]);
+            center.sendMessageName(arguments[message]);
     // A round trip to the bus on the same connection: everything sent before it is written.
     return QDBusConnection::sessionBus().interface()->isServiceRegistered(arguments[1]).isValid()
                ? 0

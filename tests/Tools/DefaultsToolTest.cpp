@@ -93,7 +93,7 @@ TEST_F(DefaultsTool, BadCommandLinesSayWhatIsWrongAndWriteNothing) {
         {"--root", dir, "frobnicate"},
         {"--root", dir},
         {"--root"},
-        {"--colour", "write", "ENABLED", "1"},
+        {"--color", "write", "ENABLED", "1"},
     };
     for (const QStringList& arguments : bad) {
         const ToolRun run = runTool(DEFAULTS_TOOL, arguments);

@@ -31,7 +31,7 @@ QRectF inNotice(const QWidget* part) {
     return frame(part).translated(frame(part->parentWidget()).topLeft());
 }
 
-TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACentredPanel) {
+TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACenteredPanel) {
     Host host({320, 480});
     ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
     hud->setLabelText("Loading");
@@ -130,9 +130,9 @@ INSTANTIATE_TEST_SUITE_P(
                                      PanelCase{false, {20, 50}, 0},
                                      // Past the gradient's end, the corners keep 0.75.
                                      PanelCase{true, {1, 1}, 191}, PanelCase{true, {20, 50}, 191},
-                                     // 45 points from the centre: 0.45 of the way.
+                                     // 45 points from the center: 0.45 of the way.
                                      PanelCase{true, {150, 5}, 86},
-                                     // The panel over the dimming's clear centre.
+                                     // The panel over the dimming's clear center.
                                      PanelCase{true, {150, 50}, 204}),
                      testing::Values(1.0, 2.0)));
 

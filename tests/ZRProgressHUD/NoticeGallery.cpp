@@ -27,11 +27,11 @@ namespace {
 QWidget* pageLikeHost(QWidget* parent) {
     auto* host = new QWidget(parent);
     host->setFixedSize(250, 250);
-    setBackgroundColour(host, QColor(0xef, 0xef, 0xf4));
+    setBackgroundColor(host, QColor(0xef, 0xef, 0xf4));
     for (int row = 0; row < 5; ++row) {
         auto* cell = new QLabel(QString("  Setting %1").arg(row + 1), host);
         cell->setGeometry(0, 20 + row * 45, 250, 44);
-        setBackgroundColour(cell, Qt::white);
+        setBackgroundColor(cell, Qt::white);
     }
     return host;
 }

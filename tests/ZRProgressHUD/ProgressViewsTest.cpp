@@ -1,4 +1,4 @@
-// The two progress views drawn at scale 1 and 2: where colour lands for each progress value.
+// The two progress views drawn at scale 1 and 2: where color lands for each progress value.
 #include "HUDTestSupport.h"
 #include "ZRBarProgressView.h"
 #include "ZRRoundProgressView.h"
@@ -56,7 +56,7 @@ TEST_P(RoundProgressDrawing, PutsTheWedgeOrArcWhereTheProgressSays) {
     }
 }
 
-// The pie's wedge is white whatever the tint, which only colours the outline.
+// The pie's wedge is white whatever the tint, which only colors the outline.
 INSTANTIATE_TEST_SUITE_P(
     PieAndRing, RoundProgressDrawing,
     testing::Combine(testing::Values(RoundCase{false, 0, Ink::Red, Ink::Faint, Ink::Faint},

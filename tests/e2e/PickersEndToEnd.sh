@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The two pickers in a real X window: a private X server, the pickers' window, xdotool drags the
 # size wheel and taps a swatch. The wheel must come to rest on another size and report it once;
-# the swatch must report its colour and wear the white selection border; then the keyboard alone
+# the swatch must report its color and wear the white selection border; then the keyboard alone
 # picks a swatch and turns a wheel. Leaves a screenshot.
 #   PickersEndToEnd.sh PICKERS_WINDOW SCREENSHOT.png
 set -euo pipefail
@@ -43,7 +43,7 @@ window=$(xdotool search --sync --onlyvisible --name '^Pickers$' | head -n 1)
 eval "$(xdotool getwindowgeometry --shell "$window")"
 at() { xdotool mousemove --sync $((X + $1)) $((Y + $2)); }
 
-# The font picker is 320 x 216 with its wheels centred: font 10..168, size 173..239, colour
+# The font picker is 320 x 216 with its wheels centered: font 10..168, size 173..239, color
 # 244..310; rows are 30 high around the middle at 108. The size wheel starts at 14.
 at 206 108; xdotool mousedown 1
 for y in 100 90 80 70 60 50 48; do at 206 "$y"; sleep 0.03; done
@@ -54,22 +54,22 @@ wait_for_line '^changed ' "dragging the size wheel reported no pick"
 
 # The grid sits 12 below the picker: four 78-point swatches a row, 80 points apart down.
 at 120 $((228 + 80 + 39)); xdotool click 1
-wait_for_line '^color ' "tapping a swatch reported no colour"
+wait_for_line '^color ' "tapping a swatch reported no color"
 
 changes=$(grep -c '^changed ' "$work/out")
 [ "$changes" = 1 ] || fail "one drag reported $changes picks"
 grep -q '^changed DejaVuSans 1[68]$' "$work/out" || fail "the wheel did not rest two or three rows on"
-grep -qx 'color 0.650 1.000 0.825' "$work/out" || fail "the swatch reported another colour"
+grep -qx 'color 0.650 1.000 0.825' "$work/out" || fail "the swatch reported another color"
 import -display "$DISPLAY" -window root -crop "${WIDTH}x${HEIGHT}+${X}+${Y}" "$screenshot"
 
 # The keyboard alone: the tap left the focus in the grid; Right and Space pick the next swatch,
-# Shift+Tab goes back to the colour wheel and Down turns it one row.
+# Shift+Tab goes back to the color wheel and Down turns it one row.
 xdotool windowfocus --sync "$window"
 xdotool key Right space
 wait_for_line '^color 0.650 1.000 1.000$' "Right and Space did not pick the next swatch"
 xdotool key shift+Tab Down
 for _ in $(seq 200); do [ "$(grep -c '^changed ' "$work/out")" = 2 ] && break; sleep 0.05; done
-[ "$(grep -c '^changed ' "$work/out")" = 2 ] || fail "Down on the colour wheel reported no pick"
+[ "$(grep -c '^changed ' "$work/out")" = 2 ] || fail "Down on the color wheel reported no pick"
 
 [ -s "$screenshot" ] || fail "no screenshot"
 # The tapped swatch (its top-left corner at 80.7, 308) wears a white border 5 points wide.

@@ -1,5 +1,5 @@
 // The two pickers in one window, for driving them with real input: the font picker on top, a
-// colour grid below. Every pick is printed on its own line. With --screenshot FILE the window is
+// color grid below. Every pick is printed on its own line. With --screenshot FILE the window is
 // photographed once it has painted, and the program ends.
 #include "DQFontPicker.h"
 #include "LJColorPickerView.h"
@@ -15,20 +15,20 @@ namespace {
 
 class Printer : public QObject, public LJColorPickerViewDelegate {
 public:
-    void didSelectColor(LJColorPickerView*, const Colour& c) override {
+    void didSelectColor(LJColorPickerView*, const Color& c) override {
         std::printf("color %.3f %.3f %.3f\n", double(c.red), double(c.green), double(c.blue));
         std::fflush(stdout);
     }
 };
 
-std::vector<Colour> palette() {
-    std::vector<Colour> colours;
+std::vector<Color> palette() {
+    std::vector<Color> colors;
     for (int i = 0; i < 48; ++i) {
-        const QColor colour = QColor::fromHsvF(float(i % 12) / 12, 0.35f + float(i / 12) * 0.2f,
+        const QColor color = QColor::fromHsvF(float(i % 12) / 12, 0.35f + float(i / 12) * 0.2f,
                                                1.0f - float(i / 12) * 0.15f);
-        colours.push_back({colour.redF(), colour.greenF(), colour.blueF(), 1});
+        colors.push_back({color.redF(), color.greenF(), color.blueF(), 1});
     }
-    return colours;
+    return colors;
 }
 
 } // namespace
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     font.name = "DejaVuSans";
     font.size = 14;
     fonts->setFont(font);
-    fonts->setColor(Colour{1, 0, 0, 1});
+    fonts->setColor(Color{1, 0, 0, 1});
     fonts->setChangeHandler([fonts] {
         std::printf("changed %s %g\n", qPrintable(fonts->fontName()), fonts->fontSize());
         std::fflush(stdout);

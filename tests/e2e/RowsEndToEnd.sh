@@ -97,17 +97,17 @@ wait_until '[ "$(count saveBadgeImages)" -ge $((saves + 5)) ]' "closing the shee
 
 # The background grid: tap the swatch in row 2, column 3, then go back.
 tap 200 "$(badge_row 3)"; settle
-shoot "$shots-colour-grid.png"
+shoot "$shots-color-grid.png"
 tap 207 $((44 + 2 + 82 + 41)); sleep 0.3
 background=$(setting BADGE_BACKGROUND_COLOR)
-[ "$background" != "1,1,1,1" ] || fail "tapping a swatch stored no background colour"
+[ "$background" != "1,1,1,1" ] || fail "tapping a swatch stored no background color"
 saves=$(count saveBadgeImages)
 tap 40 22; settle
 wait_until '[ "$(count reloadData)" = $((reloads + 1)) ]' "leaving the grid sent no reloadData"
 wait_until '[ "$(count saveBadgeImages)" -ge $((saves + 5)) ]' "leaving the grid did not reload the table"
 reloads=$(count reloadData)
 
-# The position editor: the square is 180 points, centred in the 414 x 816 page; the icon sits in
+# The position editor: the square is 180 points, centered in the 414 x 816 page; the icon sits in
 # its middle and the badge at the icon's top-left corner.
 tap 200 "$(badge_row 4)"; settle
 drag 185 430 150 400; sleep 0.3
@@ -125,11 +125,11 @@ sleep 0.5
 [ "$(sort "$work/opened.log" | uniq -u | wc -l)" = 3 ] || fail "links opened: $(cat "$work/opened.log")"
 grep -q '^https://' "$work/opened.log" && grep -q '^apt:' "$work/opened.log" || fail "links opened: $(cat "$work/opened.log")"
 
-# The preview: back at the top, the badge in the chosen colour up and left of the icon.
+# The preview: back at the top, the badge in the chosen color up and left of the icon.
 for _ in $(seq 15); do xdotool click 4; done; settle
 shoot "$screenshot"
 # The badge's left half, where the drag left it (35 and 30 points up and left of the icon's
-# corner at 177,134), wears the chosen background colour.
+# corner at 177,134), wears the chosen background color.
 pixel=$(convert "$screenshot" -format '%[fx:int(255*p{147,116}.r)] %[fx:int(255*p{147,116}.g)] %[fx:int(255*p{147,116}.b)]' info:)
 read -r red green blue <<< "$pixel"
 awk -v c="$background" -v r="$red" -v g="$green" -v b="$blue" 'BEGIN {

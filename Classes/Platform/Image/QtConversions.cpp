@@ -16,9 +16,9 @@ constexpr int largestFontSize = 2048;
 
 } // namespace
 
-QColor toQColor(const Colour& colour) {
-    return QColor::fromRgbF(unit(colour.red), unit(colour.green), unit(colour.blue),
-                            unit(colour.alpha));
+QColor toQColor(const Color& color) {
+    return QColor::fromRgbF(unit(color.red), unit(color.green), unit(color.blue),
+                            unit(color.alpha));
 }
 
 QFont toQFont(const std::optional<Font>& font) {

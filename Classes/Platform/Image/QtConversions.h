@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Colour.h"
+#include "Color.h"
 #include "Font.h"
 
 #include <QColor>
@@ -9,8 +9,8 @@
 
 namespace pomwick {
 
-// At the drawing boundary: stored components are not clamped, colours on screen are.
-QColor toQColor(const Colour& colour);
+// At the drawing boundary: stored components are not clamped, colors on screen are.
+QColor toQColor(const Color& color);
 
 // A font's size is in points, which are logical pixels here: a 16-point font has a 16-pixel em
 // whatever the screen's DPI. No font at all draws in the label's default, the system font at 17.

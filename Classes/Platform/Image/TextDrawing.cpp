@@ -9,7 +9,7 @@ QSizeF sizeWithAttributes(const QString& text, const QFont& font) {
     return {metrics.horizontalAdvance(text), metrics.height()};
 }
 
-void drawLabelText(QPainter& painter, const QString& text, const QFont& font, const QColor& colour,
+void drawLabelText(QPainter& painter, const QString& text, const QFont& font, const QColor& color,
                    const QRectF& rect) {
     const QFontMetricsF metrics(font);
     // Measured text fits its own measured width: only a narrower rectangle truncates.
@@ -18,7 +18,7 @@ void drawLabelText(QPainter& painter, const QString& text, const QFont& font, co
     const Qt::Alignment horizontal = text.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
     painter.save();
     painter.setFont(font);
-    painter.setPen(colour);
+    painter.setPen(color);
     painter.drawText(rect, static_cast<int>(horizontal | Qt::AlignVCenter | Qt::TextSingleLine),
                      shown);
     painter.restore();

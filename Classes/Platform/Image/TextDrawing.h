@@ -13,9 +13,9 @@ namespace pomwick {
 QSizeF sizeWithAttributes(const QString& text, const QFont& font);
 
 // Draws text as a label does with its defaults: one line, natural alignment (by the text's own
-// direction), truncated at the tail with an ellipsis when too wide, centred vertically in the
+// direction), truncated at the tail with an ellipsis when too wide, centered vertically in the
 // rectangle, on a transparent background.
-void drawLabelText(QPainter& painter, const QString& text, const QFont& font, const QColor& colour,
+void drawLabelText(QPainter& painter, const QString& text, const QFont& font, const QColor& color,
                    const QRectF& rect);
 
 } // namespace pomwick

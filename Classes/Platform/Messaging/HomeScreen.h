@@ -3,7 +3,7 @@
 namespace pomwick {
 
 // Restarts the home screen: kills, without asking, the process that serves the renderer's
-// message centre; its supervisor starts it again. Does nothing when nobody serves it.
+// message center; its supervisor starts it again. Does nothing when nobody serves it.
 void restartHomeScreen();
 
 } // namespace pomwick

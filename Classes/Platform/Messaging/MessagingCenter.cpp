@@ -12,9 +12,9 @@
 namespace pomwick {
 namespace {
 
-QString introspectionOf(const QString& centreName) {
+QString introspectionOf(const QString& centerName) {
     const QString xml =
-        QString::fromUtf8(centreName == CenterName::renderer ? MessagingInterfaces::renderer
+        QString::fromUtf8(centerName == CenterName::renderer ? MessagingInterfaces::renderer
                                                              : MessagingInterfaces::preferences);
     const qsizetype start = xml.indexOf(QLatin1String("<interface"));
     const qsizetype end = xml.lastIndexOf(QLatin1String("</interface>"));
@@ -25,33 +25,33 @@ QString introspectionOf(const QString& centreName) {
 
 } // namespace
 
-// Receives every method call on the centre's object and hands it to the centre.
+// Receives every method call on the center's object and hands it to the center.
 class MessagingCenter::Server : public QDBusVirtualObject {
 public:
-    explicit Server(MessagingCenter& centre) : centre_(centre) {}
+    explicit Server(MessagingCenter& center) : center_(center) {}
 
-    QString introspect(const QString&) const override { return introspectionOf(centre_.name()); }
+    QString introspect(const QString&) const override { return introspectionOf(center_.name()); }
 
     // Messages carry nothing and expect nothing; a caller that waits for an answer gets one at
     // once (an empty return, or the standard error when the call is not one of ours) instead of
     // waiting out its timeout.
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
         if (message.type() != QDBusMessage::MethodCallMessage ||
-            (!message.interface().isEmpty() && message.interface() != centre_.interfaceName()))
+            (!message.interface().isEmpty() && message.interface() != center_.interfaceName()))
             return false;
         QDBusMessage answer;
-        if (!centre_.handles(message.member()))
+        if (!center_.handles(message.member()))
             answer = message.createErrorReply(
                 QDBusError::UnknownMethod,
                 QStringLiteral("No such method '%1' in interface '%2' at object path '%3'")
-                    .arg(message.member(), centre_.interfaceName(), message.path()));
+                    .arg(message.member(), center_.interfaceName(), message.path()));
         else if (!message.arguments().isEmpty())
             answer = message.createErrorReply(
                 QDBusError::InvalidArgs,
                 QStringLiteral("'%1' takes no arguments").arg(message.member()));
         else {
             answer = message.createReply();
-            centre_.deliver(message.member());
+            center_.deliver(message.member());
         }
         if (message.isReplyRequired())
             connection.send(answer);
@@ -59,15 +59,15 @@ public:
     }
 
 private:
-    MessagingCenter& centre_;
+    MessagingCenter& center_;
 };
 
 MessagingCenter& MessagingCenter::centerNamed(const QString& name) {
-    static std::map<QString, std::unique_ptr<MessagingCenter>> centres;
-    auto& centre = centres[name];
-    if (!centre)
-        centre.reset(new MessagingCenter(name));
-    return *centre;
+    static std::map<QString, std::unique_ptr<MessagingCenter>> centers;
+    auto& center = centers[name];
+    if (!center)
+        center.reset(new MessagingCenter(name));
+    return *center;
 }
 
 MessagingCenter::MessagingCenter(QString name) : name_(std::move(name)) {}

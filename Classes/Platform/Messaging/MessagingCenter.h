@@ -9,10 +9,10 @@
 
 namespace pomwick {
 
-// A named message centre on the session bus: one-way messages without payload between
-// processes. The centre's name is a D-Bus well-known name; a message is a method call with no
+// A named message center on the session bus: one-way messages without payload between
+// processes. The center's name is a D-Bus well-known name; a message is a method call with no
 // arguments and no reply, whose member is the message's name, on the object path and interface
-// derived from the centre's name. Sending never blocks and ignores failure; received messages
+// derived from the center's name. Sending never blocks and ignores failure; received messages
 // are handled on the main thread; a handler whose target has been destroyed is skipped. A call
 // for a message nobody registered, or one that carries arguments, is refused with the standard
 // D-Bus error, at once when the caller awaits an answer.
@@ -20,12 +20,12 @@ class MessagingCenter {
 public:
     using Handler = std::function<void(const QString& messageName)>;
 
-    // The process's one centre of that name.
+    // The process's one center of that name.
     static MessagingCenter& centerNamed(const QString& name);
 
-    // Whether some process serves this centre now.
+    // Whether some process serves this center now.
     bool doesServerExist() const;
-    // Serves the centre from this process, on the main thread's event loop. False when the bus
+    // Serves the center from this process, on the main thread's event loop. False when the bus
     // is missing or another process serves it.
     bool runServerOnCurrentThread();
     // Calls the handler for every message of that name while the target lives; registering a

@@ -50,16 +50,16 @@ void drawFocusRing(QPainter& painter, const QRectF& outline, qreal radius) {
 
 namespace {
 QColor& segmentedTint() {
-    static QColor colour = tint();
-    return colour;
+    static QColor color = tint();
+    return color;
 }
 } // namespace
 
 QColor segmentedControlTint() {
     return segmentedTint();
 }
-void setSegmentedControlTint(const QColor& colour) {
-    segmentedTint() = colour;
+void setSegmentedControlTint(const QColor& color) {
+    segmentedTint() = color;
 }
 
 } // namespace pomwick::Appearance

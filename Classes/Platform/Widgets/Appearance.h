@@ -8,7 +8,7 @@ class QPainter;
 
 namespace pomwick::Appearance {
 
-// The look shared by the controls: a phone settings app's colours and its system font at sizes
+// The look shared by the controls: a phone settings app's colors and its system font at sizes
 // given in points (logical pixels).
 QColor tint();
 QColor barBackground();
@@ -23,6 +23,6 @@ void drawFocusRing(QPainter& painter, const QRectF& outline, qreal radius);
 
 // The process-wide tint of segmented controls, black once the settings screen has set it.
 QColor segmentedControlTint();
-void setSegmentedControlTint(const QColor& colour);
+void setSegmentedControlTint(const QColor& color);
 
 } // namespace pomwick::Appearance

@@ -29,8 +29,8 @@ QMarginsF lengths(const QMarginsF& margins) {
 
 } // namespace
 
-void CollectionViewCell::setBorder(const QColor& colour, qreal width) {
-    borderColour_ = colour;
+void CollectionViewCell::setBorder(const QColor& color, qreal width) {
+    borderColor_ = color;
     borderWidth_ = width;
 }
 
@@ -146,7 +146,7 @@ std::optional<int> CollectionView::indexPathForSelectedItem() const {
 }
 
 // Items fill a line while they fit beside each other at the minimum spacing. A full line shares
-// its leftover width out between its items (a lone item is centred); the last line keeps the
+// its leftover width out between its items (a lone item is centered); the last line keeps the
 // spacing of the line above so that its items stand under theirs.
 void CollectionView::layoutItems() {
     frames_.clear();
@@ -272,11 +272,11 @@ QModelIndex CollectionView::moveCursor(CursorAction action, Qt::KeyboardModifier
     const auto itemInLine = [&](int target) {
         target = std::clamp(target, 0, int(lines_.size()) - 1);
         const int end = target + 1 < int(lines_.size()) ? lines_[target + 1].first : count;
-        const qreal centre = frames_[current].center().x();
+        const qreal center = frames_[current].center().x();
         int best = lines_[target].first;
         for (int item = best; item < end; ++item) {
-            if (std::abs(frames_[item].center().x() - centre) <
-                std::abs(frames_[best].center().x() - centre))
+            if (std::abs(frames_[item].center().x() - center) <
+                std::abs(frames_[best].center().x() - center))
                 best = item;
         }
         return best;
@@ -418,14 +418,14 @@ void CollectionView::paintEvent(QPaintEvent* event) {
             CollectionViewCell* cell = visibleCell(item);
             const QRectF rect = frames_[item].translated(origin);
             painter.setOpacity(std::clamp(cell->alpha(), 0.0, 1.0));
-            painter.fillRect(rect, cell->backgroundColour());
+            painter.fillRect(rect, cell->backgroundColor());
             const qreal border =
                 std::min({cell->borderWidth(), rect.width() / 2, rect.height() / 2});
-            if (border > 0 && cell->borderColour().isValid()) {
+            if (border > 0 && cell->borderColor().isValid()) {
                 QPainterPath ring;
                 ring.addRect(rect);
                 ring.addRect(rect.adjusted(border, border, -border, -border));
-                painter.fillPath(ring, cell->borderColour());
+                painter.fillPath(ring, cell->borderColor());
             }
         }
     }

@@ -18,10 +18,10 @@ class CollectionView;
 class CollectionViewCell {
 public:
     bool isSelected() const { return selected_; }
-    void setBackgroundColour(const QColor& colour) { background_ = colour; }
-    QColor backgroundColour() const { return background_; }
-    void setBorder(const QColor& colour, qreal width);
-    QColor borderColour() const { return borderColour_; }
+    void setBackgroundColor(const QColor& color) { background_ = color; }
+    QColor backgroundColor() const { return background_; }
+    void setBorder(const QColor& color, qreal width);
+    QColor borderColor() const { return borderColor_; }
     qreal borderWidth() const { return borderWidth_; }
     void setAlpha(qreal alpha) { alpha_ = alpha; }
     qreal alpha() const { return alpha_; }
@@ -32,7 +32,7 @@ private:
     friend class CollectionView;
     bool selected_ = false;
     QColor background_ = Qt::transparent;
-    QColor borderColour_;
+    QColor borderColor_;
     qreal borderWidth_ = 0;
     qreal alpha_ = 1;
     QString accessibleName_;

@@ -13,7 +13,7 @@ namespace {
 constexpr qreal sideMargin = 10;
 constexpr qreal bandMargin = 8;
 constexpr qreal bandRadius = 8;
-const QColor bandColour(118, 118, 128, 36);
+const QColor bandColor(118, 118, 128, 36);
 
 qreal length(qreal value) {
     return std::isfinite(value) ? std::max(value, 0.0) : 0.0;
@@ -110,7 +110,7 @@ void PickerView::setComponentAccessibleName(int component, const QString& name) 
         shown->setAccessibleName(name);
 }
 
-// The wheels stand side by side, centred, a small gap apart, each as tall as the picker.
+// The wheels stand side by side, centered, a small gap apart, each as tall as the picker.
 void PickerView::layoutWheels() {
     if (dataSource_ == nullptr || wheels_.empty())
         return;
@@ -145,7 +145,7 @@ void PickerView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(bandColour);
+    painter.setBrush(bandColor);
     const qreal rowHeight = wheels_.front()->rowHeight();
     painter.drawRoundedRect(
         QRectF(bandMargin, (height() - rowHeight) / 2, width() - 2 * bandMargin, rowHeight),

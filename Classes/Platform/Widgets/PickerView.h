@@ -18,7 +18,7 @@ public:
     // Widths that are not finite or below 0 hide the wheel. The default shares the width out.
     virtual qreal widthForComponent(PickerView* picker, int component);
     virtual qreal rowHeightForComponent(PickerView*, int) { return 32; }
-    // The view a row shows, centred in its row; the picker owns it from then on and renders it.
+    // The view a row shows, centered in its row; the picker owns it from then on and renders it.
     // `reusingView` is a view the picker no longer shows, or null; the picker deletes it unless it
     // comes back. Null shows nothing.
     virtual QWidget* viewForRow(PickerView* picker, int row, int component,

@@ -128,7 +128,7 @@ int PickerWheel::rowAtPosition(int position) const {
     return std::clamp(int(std::lround(position / rowHeight_)), 0, std::max(rows_ - 1, 0));
 }
 
-qreal PickerWheel::rowCentre(int row) const {
+qreal PickerWheel::rowCenter(int row) const {
     return viewport()->height() / 2.0 + row * rowHeight_ - position();
 }
 
@@ -266,8 +266,8 @@ void PickerWheel::showEvent(QShowEvent* event) {
 QRect PickerWheel::visualRect(const QModelIndex& index) const {
     if (!index.isValid() || index.row() >= rows_)
         return {};
-    const qreal centre = rowCentre(index.row());
-    return QRectF(0, centre - rowHeight_ / 2, viewport()->width(), rowHeight_).toAlignedRect();
+    const qreal center = rowCenter(index.row());
+    return QRectF(0, center - rowHeight_ / 2, viewport()->width(), rowHeight_).toAlignedRect();
 }
 
 void PickerWheel::scrollTo(const QModelIndex&, ScrollHint) {
@@ -359,7 +359,7 @@ void PickerWheel::paintEvent(QPaintEvent*) {
     const int first = std::max(0, int(std::floor((position() - reach) / rowHeight_)));
     const int last = std::min(rows - 1, int(std::ceil((position() + reach) / rowHeight_)));
     for (int row = first; row <= last; ++row) {
-        const qreal angle = (rowCentre(row) - middle) / radius;
+        const qreal angle = (rowCenter(row) - middle) / radius;
         if (std::abs(angle) >= std::numbers::pi / 2)
             continue;
         const Row& made = rowAt(row);

@@ -68,7 +68,7 @@ private:
     void comeToRest(bool byUser);
     void rest(int row, bool byUser);
     int rowAtPosition(int position) const;
-    qreal rowCentre(int row) const;
+    qreal rowCenter(int row) const;
     const Row& rowAt(int row);
     QWidget* makeRowView(int row);
     void retireRows(int first, int last);

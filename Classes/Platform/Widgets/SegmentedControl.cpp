@@ -92,10 +92,10 @@ void SegmentedControl::setSelectedSegmentIndex(int index) {
     emit selectedSegmentIndexChanged(-1);
 }
 
-void SegmentedControl::setTintColor(const QColor& colour) {
-    if (colour == tint_)
+void SegmentedControl::setTintColor(const QColor& color) {
+    if (color == tint_)
         return;
-    tint_ = colour;
+    tint_ = color;
     update();
 }
 

@@ -38,7 +38,7 @@ public:
 
     int selectedSegmentIndex() const { return group_.checkedId(); }
     void setSelectedSegmentIndex(int index);
-    void setTintColor(const QColor& colour);
+    void setTintColor(const QColor& color);
     QColor tintColor() const { return tint_; }
     QAbstractButton* segment(int index) const { return group_.button(index); }
 

@@ -18,10 +18,10 @@ void Switch::setOn(bool on, bool /*animated*/) {
     setChecked(on);
 }
 
-void Switch::setOnTintColor(const QColor& colour) {
-    if (colour == onTint_)
+void Switch::setOnTintColor(const QColor& color) {
+    if (color == onTint_)
         return;
-    onTint_ = colour;
+    onTint_ = color;
     update();
 }
 

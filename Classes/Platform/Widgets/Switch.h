@@ -17,7 +17,7 @@ public:
 
     bool isOn() const { return isChecked(); }
     void setOn(bool on, bool animated = false);
-    void setOnTintColor(const QColor& colour);
+    void setOnTintColor(const QColor& color);
 
     QSize sizeHint() const override { return size; }
 

@@ -72,21 +72,21 @@ qreal alpha(const QWidget* view) {
     return stored.isValid() ? stored.toReal() : 1.0;
 }
 
-void setBackgroundColour(QWidget* view, const QColor& colour) {
+void setBackgroundColor(QWidget* view, const QColor& color) {
     QPalette palette = view->palette();
-    palette.setColor(QPalette::Window, colour);
+    palette.setColor(QPalette::Window, color);
     view->setPalette(palette);
-    view->setAutoFillBackground(colour.alpha() > 0);
+    view->setAutoFillBackground(color.alpha() > 0);
 }
 
-void setTextColour(QWidget* view, const QColor& colour) {
+void setTextColor(QWidget* view, const QColor& color) {
     QPalette palette = view->palette();
-    palette.setColor(QPalette::WindowText, colour);
-    palette.setColor(QPalette::Text, colour);
+    palette.setColor(QPalette::WindowText, color);
+    palette.setColor(QPalette::Text, color);
     view->setPalette(palette);
 }
 
-QColor textColour(const QWidget* view) {
+QColor textColor(const QWidget* view) {
     return view->palette().color(QPalette::WindowText);
 }
 

@@ -20,9 +20,9 @@ QWidget* viewWithTag(const QWidget* parent, int tag);
 void setAlpha(QWidget* view, qreal alpha);
 qreal alpha(const QWidget* view);
 
-void setBackgroundColour(QWidget* view, const QColor& colour);
-// The colour of a label's or a field's text.
-void setTextColour(QWidget* view, const QColor& colour);
-QColor textColour(const QWidget* view);
+void setBackgroundColor(QWidget* view, const QColor& color);
+// The color of a label's or a field's text.
+void setTextColor(QWidget* view, const QColor& color);
+QColor textColor(const QWidget* view);
 
 } // namespace pomwick

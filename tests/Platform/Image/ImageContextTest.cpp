@@ -33,7 +33,7 @@ TEST(ImageContext, EmptyOrMeaninglessSizesGiveANullImage) {
     EXPECT_EQ(pointSize(QImage()), QSizeF(0, 0));
 }
 
-TEST(QtConversions, ColoursAreClampedOnlyAtTheDrawingBoundary) {
+TEST(QtConversions, ColorsAreClampedOnlyAtTheDrawingBoundary) {
     EXPECT_EQ(toQColor({2, -1, NAN, 0.5f}), QColor::fromRgbF(1, 0, 0, 0.5f));
     const QFont sized = toQFont(Font{"Verdana", 16, "DejaVu Sans", "Book", {}});
     EXPECT_EQ(sized.pixelSize(), 16);

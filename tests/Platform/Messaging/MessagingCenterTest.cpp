@@ -107,7 +107,7 @@ TEST_F(MessagingCenterTest, SendsOneWayCallsThatAnIndependentMonitorSees) {
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return monitor.bytesAvailable() > 0 || monitor.waitForReadyRead(50); }, 5000));
 
-    // Nobody serves the renderer's centre: sending neither blocks nor fails loudly.
+    // Nobody serves the renderer's center: sending neither blocks nor fails loudly.
     const MessagingCenter& renderer = MessagingCenter::centerNamed(CenterName::renderer);
     EXPECT_FALSE(renderer.doesServerExist());
     for (int i = 0; i < 3; ++i)

@@ -88,8 +88,8 @@ TEST_F(Table, TappingSelectsUntilDeselectedAndCellsThatDoNotReactIgnoreTouches) 
 
     TableViewCell* inert = table.cellForRowAtIndexPath({2, 1});
     EXPECT_TRUE(inert->testAttribute(Qt::WA_TransparentForMouseEvents));
-    const QPoint centre = inert->mapTo(table.viewport(), inert->rect().center());
-    EXPECT_NE(table.viewport()->childAt(centre), inert);
+    const QPoint center = inert->mapTo(table.viewport(), inert->rect().center());
+    EXPECT_NE(table.viewport()->childAt(center), inert);
 }
 
 TEST_F(Table, TabReachesRowsThatReactAndControlsInOrderAndARebuildKeepsFocusAndScroll) {

@@ -1,19 +1,19 @@
-#include "ColourSwatch.h"
+#include "ColorSwatch.h"
 
 #include <QPainter>
 
 namespace pomwick {
 
-ColourSwatch::ColourSwatch(const QColor& colour, QWidget* parent)
-    : QWidget(parent), colour_(colour) {}
+ColorSwatch::ColorSwatch(const QColor& color, QWidget* parent)
+    : QWidget(parent), color_(color) {}
 
-void ColourSwatch::paintEvent(QPaintEvent*) {
+void ColorSwatch::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     // Corner radius of half the side, whole points: a circle, clipped to it, with a 1-point rim.
     const qreal radius = width() / 2;
     painter.setPen(QPen(Qt::black, 1.0));
-    painter.setBrush(colour_);
+    painter.setBrush(color_);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
 }
 

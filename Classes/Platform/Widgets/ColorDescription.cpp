@@ -1,4 +1,4 @@
-#include "ColourDescription.h"
+#include "ColorDescription.h"
 
 namespace pomwick {
 namespace {
@@ -10,9 +10,9 @@ QString percent(float component) {
 
 } // namespace
 
-QString describeColour(const Colour& colour) {
+QString describeColor(const Color& color) {
     return QStringLiteral("red %1 green %2 blue %3")
-        .arg(percent(colour.red), percent(colour.green), percent(colour.blue));
+        .arg(percent(color.red), percent(color.green), percent(color.blue));
 }
 
 } // namespace pomwick

@@ -1,10 +1,10 @@
-#include "ColourText.h"
+#include "ColorText.h"
 
 #include "TextScanning.h"
 
 namespace pomwick {
 
-Colour getUIColorFromHexString(std::string_view hex, float alpha) {
+Color getUIColorFromHexString(std::string_view hex, float alpha) {
     const uint32_t value = intFromHexString(hex);
     const auto component = [value](int shift) {
         return float((value >> shift) & 0xFF) / 255.0f;
@@ -12,9 +12,9 @@ Colour getUIColorFromHexString(std::string_view hex, float alpha) {
     return {component(16), component(8), component(0), alpha};
 }
 
-std::string storedColourText(const Colour& colour) {
-    return formatFloat(colour.red) + "," + formatFloat(colour.green) + "," +
-           formatFloat(colour.blue) + "," + formatFloat(colour.alpha);
+std::string storedColorText(const Color& color) {
+    return formatFloat(color.red) + "," + formatFloat(color.green) + "," +
+           formatFloat(color.blue) + "," + formatFloat(color.alpha);
 }
 
 } // namespace pomwick

@@ -1,19 +1,19 @@
-#include "ColourPalette.h"
+#include "ColorPalette.h"
 
-#include "ColourText.h"
+#include "ColorText.h"
 #include "PlistDictionary.h"
 #include "PreviewFiles.h"
 
 namespace pomwick {
 
-std::vector<Colour> loadColourPalette() {
-    std::vector<Colour> colours;
+std::vector<Color> loadColorPalette() {
+    std::vector<Color> colors;
     const auto palette = PlistDictionary::readFromFile(bundleFile(PreviewFile::palette));
     if (!palette)
-        return colours;
+        return colors;
     for (const std::string& hex : palette->stringsInFirstArray("hash"))
-        colours.push_back(getUIColorFromHexString(hex, 1.0f));
-    return colours;
+        colors.push_back(getUIColorFromHexString(hex, 1.0f));
+    return colors;
 }
 
 } // namespace pomwick

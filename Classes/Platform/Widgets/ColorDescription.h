@@ -1,0 +1,12 @@
+#pragma once
+
+#include "Color.h"
+
+#include <QString>
+
+namespace pomwick {
+
+// How a color is read out to assistive technology: "red 100% green 50% blue 0%".
+QString describeColor(const Color& color);
+
+} // namespace pomwick
