@@ -6,7 +6,7 @@ export LC_ALL=C.UTF-8
 root=$(mktemp -d)
 work=$(mktemp -d)
 cleanup() {
-    kill "${host:-}" "${renderer:-}" "${accessibility_bus:-}" 2>/dev/null || true
+    kill "${host:-}" "${renderer:-}" "${accessibility_bus:-}" "${monitor:-}" 2>/dev/null || true
     [ -n "${DBUS_SESSION_BUS_PID:-}" ] && kill "$DBUS_SESSION_BUS_PID" 2>/dev/null || true
     [ -n "${xserver:-}" ] && kill "$xserver" 2>/dev/null || true
     rm -rf "$root" "$work"
@@ -17,26 +17,31 @@ fail() {
     echo "FAIL: $*" >&2
     import -display "$DISPLAY" -window root "${SCREENSHOT%.png}-failure.png" 2>/dev/null || true
     kill -0 "${xserver:-0}" 2>/dev/null || echo "the X server on $DISPLAY has gone:" >&2
-    cat "$work/xvfb.log" >&2 || true
-    echo "host said:" >&2; cat "$work/host.log" >&2 || true
-    echo "renderer said:" >&2; cat "$work/renderer.log" >&2 || true
+    for log in "$work"/*.log; do
+        [ -s "$log" ] && { echo "$(basename "$log" .log):" >&2; cat "$log" >&2; }
+    done
     exit 1
 }
 setting() { "$BUILD_DIR/Tools/pomwick-defaults" --root "$root" read "$1"; }
-# Waits up to 10 s for a setting to read as expected (the machine may be busy with other tests).
-expect_setting() {
+# Waits up to 10 s for a condition (the machine may be busy with other tests).
+wait_for() {
     for _ in $(seq 200); do
-        [ "$(setting "$1")" = "$2" ] && return 0
+        eval "$1" && return 0
         sleep 0.05
     done
-    fail "$3 (${1} = '$(setting "$1")', not '$2')"
+    return 1
+}
+wait_until() { wait_for "$1" || fail "$2"; } # CONDITION FAILURE
+expect_setting() { # KEY VALUE FAILURE
+    local key=$1 value=$2
+    wait_for '[ "$(setting "$key")" = "$value" ]' || fail "$3 ($key = '$(setting "$key")', not '$value')"
 }
 
 # The X server writes its display number to the pipe once it accepts clients; reading it is the
 # wait (and an X server that dies closes the pipe, so the read ends).
-start_x_server() {
+start_x_server() { # [WIDTHxHEIGHT]
     mkfifo "$work/displayfd"
-    Xvfb -displayfd 3 -screen 0 1024x900x24 -nolisten tcp 3>"$work/displayfd" 2>"$work/xvfb.log" &
+    Xvfb -displayfd 3 -screen 0 "${1:-1024x900}x24" -nolisten tcp 3>"$work/displayfd" 2>"$work/xvfb.log" &
     xserver=$!
     local number=""
     read -r -t 60 number <"$work/displayfd" || true
@@ -51,11 +56,9 @@ preview_stamp() { stat -c '%i %.9Y %s' "$background" 2>/dev/null || echo none; }
 # Waits until the renderer has written a preview other than the one stamped: the page has
 # rebuilt itself or let go of a slider and asked for a fresh preview.
 wait_for_fresh_preview() {
-    for _ in $(seq 200); do
-        [ "$(preview_stamp)" != "$1" ] && [ -s "$background" ] && return 0
-        sleep 0.05
-    done
-    fail "the page asked for no fresh preview"
+    local before=$1
+    wait_until '[ "$(preview_stamp)" != "$before" ] && [ -s "$background" ]' \
+        "the page asked for no fresh preview"
 }
 
 # Starts everything, with the extra environment given for the settings window, and waits for its
@@ -70,11 +73,7 @@ start_session() {
     renderer=$!
     # The home screen runs before Settings opens: the page sizes its header from the icon size the
     # renderer reports at start, and reads it once.
-    for _ in $(seq 200); do
-        [ -s "$root/tmp/iconSize.txt" ] && break
-        sleep 0.05
-    done
-    [ -s "$root/tmp/iconSize.txt" ] || fail "the renderer reported no icon size"
+    wait_until '[ -s "$root/tmp/iconSize.txt" ]' "the renderer reported no icon size"
     env "$@" "$BUILD_DIR/Host/pomwick-settings" --root "$root" 2>"$work/host.log" &
     host=$!
     window=$(xdotool search --sync --onlyvisible --name '^Settings$' | head -n 1) || true
@@ -83,7 +82,12 @@ start_session() {
     wait_for_fresh_preview none
 }
 
+# Moves the pointer to a point of the window: X Y.
+at() { xdotool mousemove --sync $((X + $1)) $((Y + $2)); }
+
+# The window as it is now, into SCREENSHOT or the file given.
 photograph() {
-    import -display "$DISPLAY" -window root -crop "${WIDTH}x${HEIGHT}+${X}+${Y}" "$SCREENSHOT"
-    [ -s "$SCREENSHOT" ] || fail "no screenshot"
+    local file=${1:-$SCREENSHOT}
+    import -display "$DISPLAY" -window root -crop "${WIDTH}x${HEIGHT}+${X}+${Y}" "$file"
+    [ -s "$file" ] || fail "no screenshot"
 }
