@@ -18,14 +18,15 @@ pattern=${1:-}
 scripts/build.sh release >/dev/null
 saved=$(mktemp)
 current=""
-restore() { [ -n "$current" ] && cp -p "$saved" "$current"; current=""; }
+# Copied back with a new time, so that the build sees the file changed again.
+restore() { [ -n "$current" ] && cp "$saved" "$current"; current=""; }
 trap 'restore; rm -f "$saved"' EXIT
 
 caught=0
 missed=()
 try() { # description file substitution tests
     local description=$1 file=$2 substitution=$3 tests=$4
-    cp -p "$file" "$saved"
+    cp "$file" "$saved"
     current=$file
     perl -0pi -e "$substitution" "$file"
     if cmp -s "$file" "$saved"; then
