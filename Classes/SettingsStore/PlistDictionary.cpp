@@ -2,16 +2,12 @@
 
 #include "AtomicFile.h"
 #include "PlistShapeCheck.h"
+#include "RegularFile.h"
 #include "XmlText.h"
 
-#include <cerrno>
-#include <fcntl.h>
 #include <locale.h>
 #include <plist/plist.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace pomwick {
 namespace {
@@ -39,33 +35,6 @@ private:
     locale_t c_;
     locale_t previous_;
 };
-
-// Size and bytes come from one open file: the path may be renamed over at any moment. Opening
-// does not wait: a FIFO at the path would otherwise block until someone writes to it.
-std::optional<std::vector<char>> readBounded(const std::filesystem::path& path) {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (fd < 0)
-        return std::nullopt;
-    struct stat status {};
-    std::optional<std::vector<char>> bytes;
-    if (::fstat(fd, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0 &&
-        static_cast<std::uintmax_t>(status.st_size) <= PlistDictionary::maximumFileSize) {
-        bytes.emplace(static_cast<size_t>(status.st_size));
-        size_t filled = 0;
-        while (filled < bytes->size()) {
-            const ssize_t got = ::read(fd, bytes->data() + filled, bytes->size() - filled);
-            if (got < 0 && errno == EINTR)
-                continue;
-            if (got <= 0)
-                break;
-            filled += static_cast<size_t>(got);
-        }
-        if (filled != bytes->size())
-            bytes.reset();
-    }
-    ::close(fd);
-    return bytes;
-}
 
 } // namespace
 
@@ -112,10 +81,11 @@ PlistDictionary& PlistDictionary::operator=(PlistDictionary&& other) noexcept {
 }
 
 std::optional<PlistDictionary> PlistDictionary::readFromFile(const std::filesystem::path& path) {
-    const auto bytes = readBounded(path);
+    std::error_code error;
+    const auto bytes = readRegularFile(path, maximumFileSize, error);
     if (!bytes)
         return std::nullopt;
-    return fromBytes(std::string_view(bytes->data(), bytes->size()));
+    return fromBytes(*bytes);
 }
 
 std::optional<PlistDictionary> PlistDictionary::fromBytes(std::string_view bytes) {
