@@ -18,6 +18,7 @@ void ScreenFixture::SetUp() {
 
 void ScreenFixture::TearDown() {
     screen.reset();
+    // Alerts a test has checked are left open: the next test must not find them.
     for (QWidget* box : QApplication::topLevelWidgets())
         if (box->objectName() == "AlertView")
             delete box;
