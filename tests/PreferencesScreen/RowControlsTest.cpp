@@ -1,16 +1,19 @@
+#include "PickerWheel.h"
 #include "ScreenFixture.h"
-#include "SegmentedControl.h"
 #include "Settings.h"
 #include "Slider.h"
-#include "Switch.h"
 #include "ViewGeometry.h"
 
+#include <QAbstractButton>
+#include <QPushButton>
 #include <QTest>
 
 using namespace pomwick;
 
 namespace {
 
+// The page on screen, 375 x 623: its row controls and the font sheet, the 216-point picker under a
+// 44-point bar.
 class RowControls : public test::ScreenFixture {
 protected:
     void SetUp() override {
@@ -19,31 +22,35 @@ protected:
         screen->view()->show();
     }
     TextField* field() const { return control<TextField>(1, 1); }
+    QString storedText() const { return QString::fromStdString(stored("BADGE_TEXT_FIELD_TEXT")); }
     // Drags the slider's thumb from its left end to x, then lets go at the release point.
     void drag(Slider* slider, int x, QPoint release) {
         QTest::mousePress(slider, Qt::LeftButton, {}, QPoint(0, 15));
         QTest::mouseMove(slider, QPoint(x, 15));
         QTest::mouseRelease(slider, Qt::LeftButton, {}, release);
     }
+    QWidget* sheet() const { return screen->fontContainerView(); }
+    // Whether a tap in the middle of the sheet reaches its wheels.
+    bool takesTouches() const {
+        QWidget* hit = sheet()->childAt(sheet()->rect().center());
+        return hit != nullptr && hit->objectName() != "slideCover";
+    }
+    bool arrived() const {
+        return QTest::qWaitFor([&] { return sheet() && takesTouches(); }, 3000);
+    }
+    bool gone(QPointer<QWidget> container, QPointer<QWidget> dimming) const {
+        return QTest::qWaitFor([&] { return !container && !dimming; }, 3000);
+    }
+    // A wheel coming to rest on a row, as a drag or a key leaves it.
+    void turn(int component, int row) {
+        DQFontPicker* picker = screen->fontPicker();
+        picker->selectRow(row, component, false);
+        picker->didSelectRow(picker, row, component);
+    }
 };
+using FontSheet = RowControls;
 
 } // namespace
-
-TEST_F(RowControls, TheSwitchAndTheVisibilityControlStoreTheirTextsAndRebuild) {
-    QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
-    EXPECT_EQ(stored("ENABLED"), "0");
-    EXPECT_EQ(alpha(cell(1, 3)->textLabel()), 0.6);
-    QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
-    EXPECT_EQ(stored("ENABLED"), "1");
-    EXPECT_EQ(alpha(cell(1, 3)->textLabel()), 1.0);
-
-    SegmentedControl* visibility = control<SegmentedControl>(1, 0);
-    QTest::mouseClick(visibility, Qt::LeftButton, {}, QPoint(20, 15));
-    EXPECT_EQ(stored("BADGE_VISIBLE"), "FALSE");
-    EXPECT_EQ(control<SegmentedControl>(1, 0)->selectedSegmentIndex(), 0);
-    QTest::mouseClick(control<SegmentedControl>(1, 0), Qt::LeftButton, {}, QPoint(80, 15));
-    EXPECT_EQ(stored("BADGE_VISIBLE"), "TRUE");
-}
 
 TEST_F(RowControls, SlidersStoreWhileMovingAndTheAlphaLabelFollows) {
     Slider* alphaSlider = control<Slider>(1, 7);
@@ -58,33 +65,16 @@ TEST_F(RowControls, SlidersStoreWhileMovingAndTheAlphaLabelFollows) {
     drag(border, border->width(), QPoint(border->width(), 15));
     EXPECT_EQ(stored("BADGE_BORDER_WIDTH"), "2.000000");
     EXPECT_EQ(text(1, 6), "Border Width:");
-
-    // Only the two known tags store anything.
-    Slider stray;
-    setTag(&stray, 5);
-    stray.setValue(0.5f, false);
-    setPreferencesObjectKey("x", SettingsKey::badgeAlpha);
-    screen->sliderValueChanged(&stray);
-    EXPECT_EQ(stored("BADGE_ALPHA"), "x");
 }
 
-TEST_F(RowControls, TypingStoresEveryEditAndReturnStoresItTrimmed) {
-    field()->setFocus();
-    QTest::keyClicks(field(), "  Hi ");
-    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "  Hi ");
-    QTest::keyClick(field(), Qt::Key_Backspace);
-    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "  Hi");
-    QTest::keyClick(field(), Qt::Key_Space);
-    QTest::keyClick(field(), Qt::Key_Return);
-    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "Hi");
-    EXPECT_EQ(field()->text(), "Hi");
-
+TEST_F(RowControls, EveryEditIsStoredAndReturnStoresTheTextTrimmed) {
     // A character typed again after a run of the same is stored once more, not lost or doubled.
     field()->setFocus();
-    field()->selectAll();
     QTest::keyClicks(field(), "Hi!!");
     QTest::keyClicks(field(), "!");
-    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "Hi!!!");
+    EXPECT_EQ(storedText(), "Hi!!!");
+    QTest::keyClick(field(), Qt::Key_Backspace);
+    EXPECT_EQ(storedText(), "Hi!!");
 
     // Return trims every Unicode space and the tab, and nothing else.
     const std::pair<QString, QString> trimmed[] = {
@@ -97,34 +87,96 @@ TEST_F(RowControls, TypingStoresEveryEditAndReturnStoresItTrimmed) {
         field()->selectAll();
         field()->insert(typed);
         QTest::keyClick(field(), Qt::Key_Return);
-        EXPECT_EQ(QString::fromStdString(stored("BADGE_TEXT_FIELD_TEXT")), kept);
+        EXPECT_EQ(storedText(), kept);
+        EXPECT_EQ(field()->text(), kept);
     }
 }
 
 TEST_F(RowControls, AnyTextIsStoredAndShownWithoutLoss) {
-    const QString texts[] = {
-        QString::fromUtf8("\xF0\x9F\x98\x80 @ \xF0\x9F\x91\x8D\xF0\x9F\x8F\xBD"),
-        QString::fromUtf8(
-            "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D @ \xD9\x85\xD8\xB1\xD8\xAD\xD8\xA8\xD8\xA7"),
-        QString(40000, 'x') + "@",
-        QString("a\tb\x01"
-                "c\x1b"
-                "d"),
-    };
-    for (const QString& typed : texts) {
-        field()->clear();
-        field()->insert(typed);
-        EXPECT_EQ(QString::fromStdString(stored("BADGE_TEXT_FIELD_TEXT")), typed);
-        screen->reloadTableData();
-        EXPECT_EQ(field()->text(), typed);
-    }
+    const QString typed = "😀 @ 👍🏽 שלום @ مرحبا";
+    field()->insert(typed);
+    EXPECT_EQ(storedText(), typed);
+    screen->reloadTableData();
+    EXPECT_EQ(field()->text(), typed);
 }
 
 TEST_F(RowControls, TheInfoButtonShowsTheTip) {
     QTest::mouseClick(field()->rightView(), Qt::LeftButton);
-    QMessageBox* tip = expectAlert(
-        "Tip", "Substitute the \"@\" symbol for the badge number. For example, typing "
-               "the text \"Alert:@\" will display \"Alert:1\" if the badge number is 1.");
-    ASSERT_NE(tip, nullptr);
-    tip->close();
+    expectAlert("Tip", "Substitute the \"@\" symbol for the badge number. For example, typing "
+                       "the text \"Alert:@\" will display \"Alert:1\" if the badge number is 1.");
+}
+
+TEST_F(FontSheet, SlidesUpBelowItsBarOverAClearTapCatcherWithTheStoredValuesChosen) {
+    setPreferencesObjectKey("24", SettingsKey::badgeFontSize);
+    screen->showFontPicker();
+    ASSERT_NE(sheet(), nullptr);
+    EXPECT_EQ(frame(sheet()), QRectF(0, 623, 375, 260));
+    EXPECT_FALSE(takesTouches());
+    EXPECT_EQ(frame(screen->doneToolbar()), QRectF(-1, 0, 377, 44));
+    EXPECT_EQ(frame(screen->fontPicker()), QRectF(0, 44, 375, 216));
+    EXPECT_EQ(frame(screen->dimmingView()), QRectF(0, 0, 375, 363));
+    EXPECT_EQ(screen->fontPicker()->fontSize(), 24);
+    EXPECT_EQ(screen->fontPicker()->color(), getBadgeFontColor());
+
+    ASSERT_TRUE(arrived());
+    EXPECT_EQ(frame(sheet()), QRectF(0, 363, 375, 260));
+    // The keyboard is in the sheet, and Tab reaches Done from the wheels.
+    QWidget* done = screen->doneToolbar()->findChild<QPushButton*>();
+    QWidget* next = screen->fontPicker()->wheel(0);
+    EXPECT_EQ(screen->view()->window()->focusWidget(), next);
+    for (int stops = 0; stops < 4 && next != done;) {
+        next = next->nextInFocusChain();
+        stops += (next->focusPolicy() & Qt::TabFocus) && next->isVisibleTo(sheet()) ? 1 : 0;
+    }
+    EXPECT_EQ(next, done);
+}
+
+TEST_F(FontSheet, EveryWheelChangeStoresFontTruncatedSizeAndColor) {
+    screen->showFontPicker();
+    DQFontPicker* picker = screen->fontPicker();
+    picker->setSizeList({17.9f});
+    picker->setColorList({{1.0f, 128 / 255.0f, 0.0f, 1.0f}});
+    picker->reloadAllComponents();
+    turn(picker->sizeComponentIndex(), 0);
+    EXPECT_EQ(stored("BADGE_FONT_SIZE"), "17");
+    EXPECT_EQ(stored("BADGE_FONT"), "Verdana");
+    turn(picker->colorComponentIndex(), 0);
+    EXPECT_EQ(stored("BADGE_FONT_COLOR"), "1.000000,0.501961,0.000000,1.000000");
+}
+
+TEST_F(FontSheet, DoneAndEscapeCloseItWholeAndGiveTheKeyboardBackToTheTable) {
+    for (const bool escape : {false, true}) {
+        screen->showFontPicker();
+        ASSERT_TRUE(arrived());
+        QPointer<QWidget> container = sheet();
+        QPointer<QWidget> dimming = screen->dimmingView();
+        if (escape)
+            QTest::keyClick(screen->fontPicker()->wheel(0), Qt::Key_Escape);
+        else
+            screen->doneToolbar()->findChild<QPushButton*>()->click();
+        EXPECT_TRUE(gone(container, dimming)) << escape;
+    }
+    EXPECT_EQ(screen->view()->window()->focusWidget(), screen->table());
+}
+
+TEST_F(FontSheet, OpenedTwiceOrClosedWhileSlidingOrResizedLeavesOneSheetOrNone) {
+    screen->showFontPicker();
+    QPointer<QWidget> first = sheet();
+    screen->showFontPicker();
+    EXPECT_FALSE(first);
+    EXPECT_EQ(screen->view()->findChildren<QAbstractButton*>(Qt::FindDirectChildrenOnly).size(), 1);
+
+    // Closed before it arrived: it never takes taps and goes away whole.
+    QPointer<QWidget> sliding = sheet();
+    QPointer<QWidget> dimming = screen->dimmingView();
+    screen->hideFontPicker();
+    EXPECT_TRUE(gone(sliding, dimming));
+
+    screen->showFontPicker();
+    ASSERT_TRUE(arrived());
+    setFrame(screen->view(), QRectF(0, 0, 500, 400));
+    screen->updateUI();
+    EXPECT_EQ(frame(sheet()), QRectF(0, 140, 500, 260));
+    EXPECT_EQ(frame(screen->dimmingView()), QRectF(0, 0, 500, 140));
+    EXPECT_EQ(frame(screen->fontPicker()).width(), 500);
 }

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QMessageBox>
 
 namespace pomwick::test {
 
@@ -17,6 +18,10 @@ void ScreenFixture::SetUp() {
 
 void ScreenFixture::TearDown() {
     screen.reset();
+    // Alerts a test has checked are left open: the next test must not find them.
+    for (QWidget* box : QApplication::topLevelWidgets())
+        if (box->objectName() == "AlertView")
+            delete box;
     // Rows retired by reloads are deleted once the event loop runs.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -38,7 +43,7 @@ QString ScreenFixture::text(int section, int row) const {
     return cell(section, row)->textLabel()->text();
 }
 
-QMessageBox* ScreenFixture::expectAlert(const QString& title, const QString& text) {
+void ScreenFixture::expectAlert(const QString& title, const QString& text) {
     QMessageBox* shown = nullptr;
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* box = qobject_cast<QMessageBox*>(window); box && box->isVisible())
@@ -50,7 +55,6 @@ QMessageBox* ScreenFixture::expectAlert(const QString& title, const QString& tex
         EXPECT_EQ(shown->buttons().size(), 1);
         EXPECT_EQ(shown->buttons().value(0)->text(), "Ok");
     }
-    return shown;
 }
 
 std::string ScreenFixture::stored(std::string_view key) const {

@@ -3,7 +3,6 @@
 #include "PomwickPreferencesViewController.h"
 #include "TemporaryDeviceRoot.h"
 
-#include <QMessageBox>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -22,9 +21,8 @@ protected:
     template <typename Control> Control* control(int section, int row) const {
         return cell(section, row)->findChild<Control*>();
     }
-    // Checks the message box on screen shows the title and text with a single "Ok" button, and
-    // returns it (nullptr if there is none).
-    static QMessageBox* expectAlert(const QString& title, const QString& text);
+    // Checks the message box on screen shows the title and text with a single "Ok" button.
+    static void expectAlert(const QString& title, const QString& text);
     // The stored text of a key, read from the file as another program would.
     std::string stored(std::string_view key) const;
 

@@ -16,11 +16,8 @@ print(json.dumps({
     "from": [address.addr_spec for address in message["From"].addresses],
     "date_has_zone": date is not None and date.tzinfo is not None,
     "message_id": bool(re.fullmatch(r"<[^<>@\s]+@[^<>@\s]+>", str(message["Message-ID"]).strip())),
-    "mime_version": str(message["MIME-Version"]),
     "content_type": message.get_content_type(),
     "charset": message.get_content_charset(),
-    "transfer_encoding": str(message["Content-Transfer-Encoding"]),
     "body": message.get_content(),
-    "defects": sum(len(part.defects) for part in message.walk()),
     "seven_bit": all(byte < 128 for byte in raw),
 }))
