@@ -26,13 +26,9 @@ private:
 TEST(NavigationController, TellsControllersTheyAppearAndDisappearInOrder) {
     QStringList log;
     auto* root = new RecordingController("root", log);
-    root->setTitle("Settings");
     NavigationController navigation(root);
     navigation.show();
     auto* page = new RecordingController("page", log);
-    page->setTitle("Pomwick");
-    page->setRightBarButtonItem({"Respring", [] {
-                                 }});
     navigation.pushViewController(page, true);
     EXPECT_EQ(navigation.topViewController(), page);
     EXPECT_EQ(page->view()->size(), QSize(375, 667 - NavigationController::barHeight));
