@@ -5,7 +5,6 @@
 #include <QDBusConnectionInterface>
 #include <QDir>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -67,12 +66,8 @@ TEST_F(HostProgram, RunsTheBuiltBundleAndNeverCodePlantedInTheDeviceRoot) {
 }
 
 TEST_F(HostProgram, ABundleThatCannotLoadIsReportedNotACrash) {
-    QTemporaryDir brokenBundle;
-    QFile plugin(brokenBundle.filePath("PomwickPreferences.so"));
-    ASSERT_TRUE(plugin.open(QIODevice::WriteOnly));
-    plugin.write("not a shared library");
-    plugin.close();
-    const HostRun smoke = run({"--root", dir, "--smoke-test"}, brokenBundle.path());
+    root.writeFile("/broken/PomwickPreferences.so", "not a shared library");
+    const HostRun smoke = run({"--root", dir, "--smoke-test"}, dir + "/broken");
     EXPECT_EQ(smoke.status, 1);
     EXPECT_TRUE(smoke.err.contains("the settings bundle could not be loaded"))
         << smoke.err.toStdString();

@@ -42,15 +42,6 @@ TEST(TextScanning, NumbersTooSmallForADoubleReadZeroHoweverTheyAreWritten) {
         EXPECT_EQ(doubleValue(huge), HUGE_VAL) << huge;
 }
 
-TEST(TextScanning, HexScanningSkipsOnlyHashes) {
-    EXPECT_EQ(intFromHexString("#FF8000"), 0xFF8000u);
-    EXPECT_EQ(intFromHexString("0xFF8000"), 0xFF8000u);
-    EXPECT_EQ(intFromHexString("##ff8000zz"), 0xFF8000u);
-    EXPECT_EQ(intFromHexString(" #FF8000"), 0u);
-    EXPECT_EQ(intFromHexString("#80FF8000"), 0x80FF8000u);
-    EXPECT_EQ(intFromHexString("123456789ABCDEF"), 4294967295u);
-}
-
 TEST(TextScanning, FormattingIsFixedSixDecimalsInAnyLocale) {
     std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
     EXPECT_EQ(formatFloat(0.50196078431), "0.501961");

@@ -80,29 +80,14 @@ TEST_F(MessagingCenterTest, AnswersCallsAwaitingAReplyAtOnceAndRefusesArguments)
     int delivered = 0;
     screen().registerForMessageName(MessageName::reloadData, &target,
                                     [&](const QString&) { ++delivered; });
-    struct Call {
-        const char* member;
-        QStringList arguments;
-        const char* answer;
-        int deliveries;
-    };
-    const Call calls[] = {
-        {"reloadData", {}, "method return", 1},
-        {"unknownMessage", {}, "org.freedesktop.DBus.Error.UnknownMethod", 0},
-        {"reloadData", {"string:x"}, "org.freedesktop.DBus.Error.InvalidArgs", 0},
-    };
-    for (const Call& call : calls) {
-        delivered = 0;
-        const QString answer = send(call.member, call.arguments, true);
-        EXPECT_TRUE(answer.contains(call.answer)) << call.member << ": " << answer.toStdString();
-        EXPECT_EQ(delivered, call.deliveries) << call.member;
-    }
-
-    // One way, with arguments: dropped without an answer; the call after it still arrives.
-    delivered = 0;
-    send("reloadData", {"string:x"});
     EXPECT_TRUE(send("reloadData", {}, true).contains("method return"));
     EXPECT_EQ(delivered, 1);
+    EXPECT_TRUE(send("unknownMessage", {}, true).contains("DBus.Error.UnknownMethod"));
+    EXPECT_TRUE(send("reloadData", {"string:x"}, true).contains("DBus.Error.InvalidArgs"));
+    // One way, with arguments: dropped without an answer; the call after it still arrives.
+    send("reloadData", {"string:x"});
+    EXPECT_TRUE(send("reloadData", {}, true).contains("method return"));
+    EXPECT_EQ(delivered, 2);
 
     // Tools that list the interface see one-way methods.
     const QString xml = send("org.freedesktop.DBus.Introspectable.Introspect", {}, true);
