@@ -5,12 +5,12 @@
 #include <QDBusConnectionInterface>
 #include <QDir>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 #include <filesystem>
 #include <gtest/gtest.h>
 
 using namespace pomwick;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -20,91 +20,81 @@ struct HostRun {
     QString err;
 };
 
-QProcessEnvironment hostEnvironment(const QString& bundleSource = {}) {
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_QPA_PLATFORM", "offscreen");
-    if (!bundleSource.isEmpty())
-        environment.insert("POMWICK_BUNDLE_SOURCE", bundleSource);
-    return environment;
-}
+// The host on a private bus, offscreen, with a fresh device root of its own.
+class HostProgram : public testing::Test {
+protected:
+    void SetUp() override { test::PrivateSessionBus::address(); }
 
-HostRun runHost(const QStringList& arguments, const QString& bundleSource = {}) {
-    QProcess host;
-    host.setProcessEnvironment(hostEnvironment(bundleSource));
-    host.start(HOST, arguments);
-    EXPECT_TRUE(host.waitForFinished(30000));
-    return {host.exitStatus() == QProcess::NormalExit ? host.exitCode() : -1,
-            QString::fromUtf8(host.readAllStandardOutput()),
-            QString::fromUtf8(host.readAllStandardError())};
-}
+    static void start(QProcess& host, const QStringList& arguments,
+                      const QString& bundleSource = {}) {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        if (!bundleSource.isEmpty())
+            environment.insert("POMWICK_BUNDLE_SOURCE", bundleSource);
+        host.setProcessEnvironment(environment);
+        host.start(HOST, arguments);
+    }
 
-QString rootArgument(const test::TemporaryDeviceRoot& root) {
-    return QString::fromStdString(root.path().string());
-}
+    static HostRun run(const QStringList& arguments, const QString& bundleSource = {}) {
+        QProcess host;
+        start(host, arguments, bundleSource);
+        EXPECT_TRUE(host.waitForFinished(30000));
+        return {host.exitStatus() == QProcess::NormalExit ? host.exitCode() : -1,
+                QString::fromUtf8(host.readAllStandardOutput()),
+                QString::fromUtf8(host.readAllStandardError())};
+    }
+
+    test::TemporaryDeviceRoot root;
+    const QString dir = QString::fromStdString(root.path());
+};
 
 } // namespace
 
-TEST(HostProgram, RunsTheBuiltBundleAndNeverCodePlantedInTheDeviceRoot) {
-    test::PrivateSessionBus::address();
-    test::TemporaryDeviceRoot root;
+TEST_F(HostProgram, RunsTheBuiltBundleAndNeverCodePlantedInTheDeviceRoot) {
     // A file in the device root that looks current to a copy by size and time: it must neither
     // be loaded nor matter.
-    namespace fs = std::filesystem;
-    const fs::path planted =
-        root.at("/Library/PreferenceBundles/PomwickPreferences.bundle/PomwickPreferences.so");
-    root.writeFile("/Library/PreferenceBundles/PomwickPreferences.bundle/PomwickPreferences.so",
-                   std::string(fs::file_size(BUNDLE_PLUGIN), 'x'));
-    fs::last_write_time(planted, fs::last_write_time(BUNDLE_PLUGIN));
+    const std::string plugin = "/Library/PreferenceBundles/PomwickPreferences.bundle/"
+                               "PomwickPreferences.so";
+    root.writeFile(plugin, std::string(fs::file_size(BUNDLE_PLUGIN), 'x'));
+    fs::last_write_time(root.at(plugin), fs::last_write_time(BUNDLE_PLUGIN));
 
-    const HostRun run = runHost({"--root", rootArgument(root), "--smoke-test"});
-    EXPECT_EQ(run.status, 0) << run.err.toStdString();
-    EXPECT_TRUE(run.out.contains("smoke test passed"));
+    const HostRun smoke = run({"--root", dir, "--smoke-test"});
+    EXPECT_EQ(smoke.status, 0) << smoke.err.toStdString();
+    EXPECT_TRUE(smoke.out.contains("smoke test passed"));
     EXPECT_TRUE(
         fs::exists(root.at("/Library/PreferenceBundles/PomwickPreferences.bundle/Badge.png")));
 }
 
-TEST(HostProgram, ABundleThatCannotLoadIsReportedNotACrash) {
-    test::TemporaryDeviceRoot root;
-    QTemporaryDir brokenBundle;
-    QFile plugin(brokenBundle.filePath("PomwickPreferences.so"));
-    ASSERT_TRUE(plugin.open(QIODevice::WriteOnly));
-    plugin.write("not a shared library");
-    plugin.close();
-    const HostRun run =
-        runHost({"--root", rootArgument(root), "--smoke-test"}, brokenBundle.path());
-    EXPECT_EQ(run.status, 1);
-    EXPECT_TRUE(run.err.contains("the settings bundle could not be loaded"))
-        << run.err.toStdString();
-    EXPECT_TRUE(run.out.contains("smoke test failed"));
+TEST_F(HostProgram, ABundleThatCannotLoadIsReportedNotACrash) {
+    root.writeFile("/broken/PomwickPreferences.so", "not a shared library");
+    const HostRun smoke = run({"--root", dir, "--smoke-test"}, dir + "/broken");
+    EXPECT_EQ(smoke.status, 1);
+    EXPECT_TRUE(smoke.err.contains("the settings bundle could not be loaded"))
+        << smoke.err.toStdString();
+    EXPECT_TRUE(smoke.out.contains("smoke test failed"));
 
-    const HostRun wrong = runHost({"--frobnicate"});
+    const HostRun wrong = run({"--frobnicate"});
     EXPECT_EQ(wrong.status, 2);
     EXPECT_TRUE(wrong.err.contains("unknown argument"));
 }
 
-TEST(HostProgram, RefusesADeviceRootOtherUsersCanWrite) {
-    test::TemporaryDeviceRoot root;
-    QFile::setPermissions(rootArgument(root), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                                  QFileDevice::ExeOwner | QFileDevice::WriteOther |
-                                                  QFileDevice::ReadOther | QFileDevice::ExeOther);
-    const HostRun run = runHost({"--root", rootArgument(root), "--smoke-test"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_TRUE(run.err.contains("can be written by other users")) << run.err.toStdString();
-    EXPECT_FALSE(QDir(rootArgument(root) + "/Library").exists());
+TEST_F(HostProgram, RefusesADeviceRootOtherUsersCanWrite) {
+    fs::permissions(root.path(), fs::perms::all);
+    const HostRun smoke = run({"--root", dir, "--smoke-test"});
+    EXPECT_EQ(smoke.status, 1);
+    EXPECT_TRUE(smoke.err.contains("can be written by other users")) << smoke.err.toStdString();
+    EXPECT_FALSE(QDir(dir + "/Library").exists());
 }
 
-TEST(HostProgram, ASecondStartForTheSameRootBringsTheOpenWindowForward) {
-    test::PrivateSessionBus::address();
-    test::TemporaryDeviceRoot root;
+TEST_F(HostProgram, ASecondStartForTheSameRootBringsTheOpenWindowForward) {
     QProcess first;
-    first.setProcessEnvironment(hostEnvironment());
-    first.start(HOST, {"--root", rootArgument(root)});
+    start(first, {"--root", dir});
     // The page serves the screen's center once the window is up.
     QDBusConnectionInterface* bus = QDBusConnection::sessionBus().interface();
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return bus->isServiceRegistered("com.velquor.pomwickpreferences").value(); }, 30000));
 
-    const HostRun second = runHost({"--root", rootArgument(root)});
+    const HostRun second = run({"--root", dir});
     EXPECT_EQ(second.status, 0) << second.err.toStdString();
     EXPECT_TRUE(second.out.contains("already open; brought it forward"))
         << second.out.toStdString();
@@ -118,7 +108,7 @@ TEST(HostProgram, ASecondStartForTheSameRootBringsTheOpenWindowForward) {
 
     // Another root gets a window of its own, told why it cannot show a preview.
     test::TemporaryDeviceRoot otherRoot;
-    const HostRun other = runHost({"--root", rootArgument(otherRoot), "--smoke-test"});
+    const HostRun other = run({"--root", QString::fromStdString(otherRoot.path()), "--smoke-test"});
     EXPECT_EQ(other.status, 0);
     EXPECT_TRUE(other.err.contains("a settings window for another device root is open"))
         << other.err.toStdString();

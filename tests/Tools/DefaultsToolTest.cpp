@@ -4,7 +4,6 @@
 
 #include <QProcess>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -19,25 +18,19 @@ struct ToolRun {
     std::string err;
 };
 
-ToolRun runTool(const QString& program, const QStringList& arguments,
-                const QString& environmentRoot = {}) {
-    QProcess tool;
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.remove("POMWICK_ROOT");
-    if (!environmentRoot.isEmpty())
-        environment.insert("POMWICK_ROOT", environmentRoot);
-    tool.setProcessEnvironment(environment);
-    tool.start(program, arguments);
-    tool.waitForFinished(30000);
-    return {tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
-            tool.readAllStandardOutput().toStdString(), tool.readAllStandardError().toStdString()};
-}
-
 class DefaultsTool : public testing::Test {
 protected:
+    static ToolRun run(const QStringList& arguments) {
+        QProcess tool;
+        tool.start(DEFAULTS_TOOL, arguments);
+        tool.waitForFinished(30000);
+        return {tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
+                tool.readAllStandardOutput().toStdString(),
+                tool.readAllStandardError().toStdString()};
+    }
     // The tool run on this test's root, given with --root.
     ToolRun defaults(const QStringList& arguments) const {
-        return runTool(DEFAULTS_TOOL, QStringList{"--root", dir} + arguments);
+        return run(QStringList{"--root", dir} + arguments);
     }
     static bool settingsFileExists() { return fs::exists(hostPath(DevicePath::preferencesFile)); }
 
@@ -48,33 +41,27 @@ protected:
 } // namespace
 
 TEST_F(DefaultsTool, ReadOnAnEmptyRootListsTheElevenDefaultsInOrder) {
-    const ToolRun run = defaults({"read"});
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.out, "ENABLED = true\n"
-                       "BADGE_VISIBLE = true\n"
-                       "BADGE_TEXT_FIELD_TEXT = \n"
-                       "BADGE_FONT = Verdana 16\n"
-                       "BADGE_FONT_SIZE = 16\n"
-                       "BADGE_FONT_COLOR = 0,0,0,1\n"
-                       "BADGE_BACKGROUND_COLOR = 1,1,1,1\n"
-                       "BADGE_BORDER_COLOR = 0,0,0,1\n"
-                       "BADGE_BORDER_WIDTH = 1.20000005\n"
-                       "BADGE_ALPHA = 1\n"
-                       "BADGE_LOCATION = 0,0\n");
+    const ToolRun read = defaults({"read"});
+    EXPECT_EQ(read.status, 0) << read.err;
+    EXPECT_EQ(read.out, "ENABLED = true\n"
+                        "BADGE_VISIBLE = true\n"
+                        "BADGE_TEXT_FIELD_TEXT = \n"
+                        "BADGE_FONT = Verdana 16\n"
+                        "BADGE_FONT_SIZE = 16\n"
+                        "BADGE_FONT_COLOR = 0,0,0,1\n"
+                        "BADGE_BACKGROUND_COLOR = 1,1,1,1\n"
+                        "BADGE_BORDER_COLOR = 0,0,0,1\n"
+                        "BADGE_BORDER_WIDTH = 1.20000005\n"
+                        "BADGE_ALPHA = 1\n"
+                        "BADGE_LOCATION = 0,0\n");
     EXPECT_FALSE(settingsFileExists());
 }
 
-TEST_F(DefaultsTool, WritesAreReadBackByTheGettersAndTheTool) {
+TEST_F(DefaultsTool, WritesReachTheGettersAndDeleteAndResetUndoThem) {
     ASSERT_EQ(defaults({"write", "ENABLED", "0"}).status, 0);
     ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", " @@ x "}).status, 0);
-    // The root may come from the environment instead.
-    ASSERT_EQ(runTool(DEFAULTS_TOOL, {"write", "BADGE_LOCATION", "0.250000,0.750000"}, dir).status,
-              0);
     EXPECT_FALSE(getEnabled());
     EXPECT_EQ(getBadgeTextFieldText(), " @@ x ");
-    EXPECT_EQ(getBadgeLocation(), (BadgeLocation{0.25f, 0.75f}));
-    EXPECT_EQ(defaults({"read", "BADGE_TEXT_FIELD_TEXT"}).out, " @@ x \n");
-    EXPECT_EQ(defaults({"read", "BADGE_LOCATION"}).out, "0.25,0.75\n");
 
     ASSERT_EQ(defaults({"delete", "ENABLED"}).status, 0);
     EXPECT_TRUE(getEnabled());
@@ -96,32 +83,21 @@ TEST_F(DefaultsTool, BadCommandLinesSayWhatIsWrongAndWriteNothing) {
         {"--color", "write", "ENABLED", "1"},
     };
     for (const QStringList& arguments : bad) {
-        const ToolRun run = runTool(DEFAULTS_TOOL, arguments);
-        EXPECT_EQ(run.status, 2) << arguments.join(' ').toStdString();
-        EXPECT_TRUE(run.out.empty());
-        EXPECT_NE(run.err.find("pomwick-defaults: "), std::string::npos);
-        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+        const ToolRun refused = run(arguments);
+        EXPECT_EQ(refused.status, 2) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(refused.out.empty());
+        EXPECT_NE(refused.err.find("pomwick-defaults: "), std::string::npos);
+        EXPECT_EQ(std::count(refused.err.begin(), refused.err.end(), '\n'), 1) << refused.err;
     }
     EXPECT_FALSE(settingsFileExists());
-}
-
-TEST_F(DefaultsTool, AnUnwritableRootIsNamedAndFails) {
-    const auto notAFolder = root.path() / "file";
-    std::ofstream(notAFolder) << "x";
-    const ToolRun run = runTool(
-        DEFAULTS_TOOL, {"--root", QString::fromStdString(notAFolder), "write", "ENABLED", "0"});
-    EXPECT_EQ(run.status, 1);
-    EXPECT_NE(run.err.find(notAFolder.string()), std::string::npos) << run.err;
 }
 
 TEST_F(DefaultsTool, OnlyARegularFileAtTheSettingsPathIsReadOrReplaced) {
     const auto path = hostPath(DevicePath::preferencesFile);
     fs::create_directories(path.parent_path());
-    for (const std::string what : {"folder", "FIFO", "link"}) {
+    for (const std::string what : {"FIFO", "link"}) {
         SCOPED_TRACE(what);
-        if (what == "folder")
-            fs::create_directory(path);
-        else if (what == "FIFO")
+        if (what == "FIFO")
             ASSERT_EQ(::mkfifo(path.c_str(), 0644), 0);
         else
             fs::create_symlink(root.path() / "elsewhere", path);
@@ -132,26 +108,17 @@ TEST_F(DefaultsTool, OnlyARegularFileAtTheSettingsPathIsReadOrReplaced) {
         EXPECT_EQ(read.out, "true\n");
         for (const QStringList& change : {QStringList{"write", "ENABLED", "0"},
                                           QStringList{"delete", "ENABLED"}, QStringList{"reset"}}) {
-            const ToolRun run = defaults(change);
-            EXPECT_EQ(run.status, 1) << change.join(' ').toStdString();
-            EXPECT_NE(run.err.find(path.string() + " is not a regular file"), std::string::npos)
-                << run.err;
+            const ToolRun refused = defaults(change);
+            EXPECT_EQ(refused.status, 1) << change.join(' ').toStdString();
+            EXPECT_NE(refused.err.find(path.string() + " is not a regular file"), std::string::npos)
+                << refused.err;
         }
         EXPECT_EQ(fs::symlink_status(path).type(), type);
         fs::remove(path);
     }
 }
 
-TEST_F(DefaultsTool, InvalidUtf8IsRefusedAndReadShowsControlCharactersEscaped) {
-    // Bytes that are no UTF-8 only reach the tool through a shell.
-    const ToolRun refused = runTool(
-        "/bin/sh",
-        {"-c", "exec \"$0\" --root \"$1\" write BADGE_TEXT_FIELD_TEXT \"$(printf 'a\\377')\"",
-         DEFAULTS_TOOL, dir});
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_NE(refused.err.find("not valid UTF-8"), std::string::npos) << refused.err;
-    EXPECT_FALSE(settingsFileExists());
-
+TEST_F(DefaultsTool, ReadShowsControlCharactersEscaped) {
     // Another program stored an escape sequence, a tab, a backslash and a stray byte.
     root.writeFile(std::string(DevicePath::preferencesFile),
                    "<plist><dict><key>BADGE_TEXT_FIELD_TEXT</key>"

@@ -10,12 +10,10 @@ using namespace pomwick;
 TEST(ImageContext, IsTransparentAtTheScaleWithCeiledPixels) {
     for (const double scale : {1.0, 2.0, 3.0}) {
         ImageContext context(QSizeF(10.5, 3), scale);
-        ASSERT_FALSE(context.isEmpty());
         context.painter().fillRect(QRectF(0, 0, 1, 1), Qt::red);
         const QImage image = context.image();
         EXPECT_EQ(image.size(), QSize(int(std::ceil(10.5 * scale)), int(3 * scale)));
         EXPECT_EQ(image.devicePixelRatio(), scale);
-        EXPECT_EQ(pointSize(image), QSizeF(image.width() / scale, 3));
         // Points, not pixels: a 1-point square covers scale x scale pixels at the top left.
         EXPECT_EQ(image.pixelColor(int(scale) - 1, int(scale) - 1), QColor(Qt::red));
         EXPECT_EQ(image.pixelColor(int(scale), 0).alpha(), 0);
@@ -30,7 +28,6 @@ TEST(ImageContext, EmptyOrMeaninglessSizesGiveANullImage) {
         EXPECT_TRUE(context.isEmpty());
         EXPECT_TRUE(context.image().isNull());
     }
-    EXPECT_EQ(pointSize(QImage()), QSizeF(0, 0));
 }
 
 TEST(QtConversions, ColorsAreClampedOnlyAtTheDrawingBoundary) {

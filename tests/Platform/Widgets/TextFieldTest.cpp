@@ -13,6 +13,7 @@ struct Edit {
     QString before;
     TextRange range;
     QString replacement;
+    friend bool operator==(const Edit&, const Edit&) = default;
 };
 
 class RecordingDelegate : public TextFieldDelegate {
@@ -59,17 +60,13 @@ TEST_F(TextFieldTest, AsksBeforeEveryEditWithItsRangeAndReplacementAndHonoursARe
     QTest::keyClick(field, Qt::Key_Home);
     QTest::keyClick(field, Qt::Key_Delete);
     field->setSelection(1, 3);
-    field->insert(QString::fromUtf8("\xF0\x9F\x98\x80"));
-    ASSERT_EQ(delegate.edits.size(), 3u);
-    EXPECT_EQ(delegate.edits[0].before, "Hello");
-    EXPECT_EQ(delegate.edits[0].range, (TextRange{5, 0}));
-    EXPECT_EQ(delegate.edits[0].replacement, "!");
-    EXPECT_EQ(delegate.edits[1].range, (TextRange{0, 1}));
-    EXPECT_EQ(delegate.edits[1].replacement, "");
-    // UTF-16 units, as the device counts: the emoji is two.
-    EXPECT_EQ(delegate.edits[2].range, (TextRange{1, 3}));
-    EXPECT_EQ(delegate.edits[2].replacement.size(), 2);
-    EXPECT_EQ(field->text(), QString::fromUtf8("e\xF0\x9F\x98\x80!"));
+    const QString emoji = QString::fromUtf8("\xF0\x9F\x98\x80");
+    field->insert(emoji);
+    // Ranges count UTF-16 units, as the device does: the emoji is two.
+    EXPECT_EQ(delegate.edits,
+              (std::vector<Edit>{
+                  {"Hello", {5, 0}, "!"}, {"Hello!", {0, 1}, ""}, {"ello!", {1, 3}, emoji}}));
+    EXPECT_EQ(field->text(), "e" + emoji + "!");
 
     QTest::keyClick(field, Qt::Key_Return);
     EXPECT_EQ(delegate.returns, 1);
@@ -78,11 +75,11 @@ TEST_F(TextFieldTest, AsksBeforeEveryEditWithItsRangeAndReplacementAndHonoursARe
     delegate.allow = false;
     QTest::keyClicks(field, "xyz");
     QTest::keyClick(field, Qt::Key_Backspace);
-    EXPECT_EQ(field->text(), QString::fromUtf8("e\xF0\x9F\x98\x80!"));
+    EXPECT_EQ(field->text(), "e" + emoji + "!");
     EXPECT_EQ(delegate.edits.size(), 7u);
 }
 
-TEST_F(TextFieldTest, EditingBeginsOnceUntilTheFocusGoesElsewhereAndHasNoLengthLimit) {
+TEST_F(TextFieldTest, EditingBeginsOnceUntilTheFocusGoesElsewhere) {
     // Another window in front and back again, or a menu, is no new beginning.
     for (Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
         QFocusEvent out(QEvent::FocusOut, reason);
@@ -94,8 +91,4 @@ TEST_F(TextFieldTest, EditingBeginsOnceUntilTheFocusGoesElsewhereAndHasNoLengthL
     other->setFocus();
     field->setFocus();
     EXPECT_EQ(delegate.begins, 2);
-
-    const QString longText(40000, 'x');
-    field->insert(longText);
-    EXPECT_EQ(field->text(), longText);
 }
