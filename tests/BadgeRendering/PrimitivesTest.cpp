@@ -95,7 +95,6 @@ TEST_P(Primitives, BorderCentersTheImageOnItsEnlargedAndMirroredSilhouette) {
 
 TEST_P(Primitives, AlphaFadesTheWholeImage) {
     const QImage faded = applyAlphaToImage(solid(QSizeF(8, 6), red), 0.5f);
-    expectImage(faded, QSizeF(8, 6), scale(), {});
     EXPECT_NEAR(at(faded, 4, 3).alpha(), 128, 2);
     EXPECT_TRUE(applyAlphaToImage(QImage(), 0.5f).isNull());
 }

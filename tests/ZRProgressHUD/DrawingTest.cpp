@@ -1,8 +1,10 @@
 // The notice's panel and its two progress views drawn at scale 1 and 2: where color lands.
+#include "ActivityIndicatorView.h"
 #include "ZRBarProgressView.h"
 #include "ZRProgressHUD.h"
 #include "ZRRoundProgressView.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -61,6 +63,17 @@ INSTANTIATE_TEST_SUITE_P(
                                      // The panel over the dimming's clear center.
                                      PanelCase{true, {150, 50}, 204}),
                      testing::Values(1.0, 2.0)));
+
+// Twelve spokes, one every 30 degrees from twelve o'clock, with nothing between them.
+TEST(SpinnerDrawing, HasTwelveSpokes) {
+    ActivityIndicatorView spinner;
+    const QImage image = renderAt(&spinner, 2);
+    for (int degrees = 0; degrees < 360; degrees += 15) {
+        const qreal angle = qDegreesToRadians(qreal(degrees));
+        const QPointF point(18.5 + 13 * std::sin(angle), 18.5 - 13 * std::cos(angle));
+        EXPECT_EQ(pixelAt(image, point).alpha() > 30, degrees % 30 == 0) << degrees;
+    }
+}
 
 enum class Ink { None, Faint, White, Red };
 

@@ -35,8 +35,7 @@ TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACenteredPanel) {
     hud->layoutSubviews();
     const QSizeF label = sizeWithAttributes("Loading", hud->labelFont());
     const qreal detailsHeight = QFontMetricsF(hud->detailsLabelFont()).height();
-    const qreal contentHeight = 37 + 4 + label.height() + 4 + detailsHeight;
-    EXPECT_DOUBLE_EQ(hud->panelSize().height(), contentHeight + 40);
+    EXPECT_DOUBLE_EQ(hud->panelSize().height(), 37 + 4 + label.height() + 4 + detailsHeight + 40);
     const qreal widest = std::max({37.0, label.width(), inNotice(hud->detailsLabel()).width()});
     EXPECT_DOUBLE_EQ(hud->panelSize().width(), widest + 40);
     const qreal top = std::round((480 - hud->panelSize().height()) / 2) + 20;

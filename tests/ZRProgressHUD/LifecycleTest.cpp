@@ -59,7 +59,6 @@ protected:
         hud->setDelegate(&listener);
         hud->setCompletionBlock([this] { listener.events.push_back("completion"); });
     }
-    void later(std::chrono::milliseconds step) { now += step; }
 
     QWidget host;
     Listener listener;
@@ -83,7 +82,7 @@ TEST_F(NoticeLifecycle, GraceTimeNeverShowsAQuickTaskYetReportsItsEnd) {
 TEST_F(NoticeLifecycle, MinimumShowTimeDelaysTheHideByTheRemainder) {
     hud->setMinShowTime(1.0f);
     hud->show(false);
-    later(300ms);
+    now += 300ms;
     hud->hide(true);
     EXPECT_EQ(hud->minShowTimer().interval(), 700);
     EXPECT_EQ(hud->alpha(), 1);
