@@ -4,25 +4,15 @@
 #include "SettingsFile.h"
 
 #include <QByteArray>
-#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <random>
 
 using namespace pomwick;
-using namespace std::string_literals;
 namespace binary = pomwick::test::binary;
 using pomwick::test::plistXml;
 using pomwick::test::SettingsRoot;
 
 namespace {
-
-std::string randomBytes(size_t size, unsigned seed) {
-    std::mt19937 generator(seed);
-    std::string bytes(size, '\0');
-    std::generate(bytes.begin(), bytes.end(), generator);
-    return bytes;
-}
 
 // Every key holding the same kind of value.
 std::string everyKeyHolding(const std::string& valueXml) {
@@ -38,73 +28,50 @@ std::string repeated(const char* text, qsizetype times) {
 
 class BadSettingsFile : public testing::Test {
 protected:
-    // Each file gives every default; a crash, a hang or a runaway allocation fails the test.
-    void expectDefaultsFrom(const std::vector<std::pair<std::string, std::string>>& files) {
-        for (const auto& [what, bytes] : files) {
-            SCOPED_TRACE(what);
-            root.writeSettings(bytes);
-            pomwick::test::expectEveryDefault();
-        }
-    }
     SettingsRoot root;
 };
 
 } // namespace
 
-TEST_F(BadSettingsFile, UnusableFilesGiveEveryDefault) {
+// Deep nesting and entities are refused before parsing, and shared references never expand into
+// memory; a crash, a hang or a runaway allocation fails the test. Smaller cycles and chains are
+// among the reader's fuzz seeds.
+TEST_F(BadSettingsFile, UnusableOrHostileFilesGiveEveryDefault) {
     const std::string valid = everyKeyHolding("<string>0</string>");
-    expectDefaultsFrom({
-        {"empty", ""},
-        {"random bytes", randomBytes(4096, 1)},
-        {"truncated XML", valid.substr(0, valid.size() / 2)},
-        {"array root", plistXml("<array><string>0</string></array>")},
-        {"binary signature then junk", "bplist00" + randomBytes(200, 2)},
-        {"unterminated tags", "<?xml version=\"1.0\"?><plist><dict><key>ENABLED<key><string>"},
-        {"50 MiB of junk", randomBytes(50 * 1024 * 1024, 3)},
-        // A NUL inside a string must not abort the parser.
-        {"NUL in a string",
-         "<plist><dict><key>BADGE_FONT</key><string>a\0b</string></dict></plist>"s},
-        {"NUL in a key", "<plist><dict><key>ENABLED\0</key><string>0</string></dict></plist>"s},
-    });
-}
-
-// Deep nesting is refused before parsing, and shared references never expand into memory.
-TEST_F(BadSettingsFile, DeepOrSelfMultiplyingStructuresGiveEveryDefault) {
     std::vector<std::string> chain;
     for (uint32_t i = 1; i < 100000; ++i)
         chain.push_back(binary::array({i}));
     chain.push_back(binary::array({}));
-    // Each array refers twice to the next: 2^60 objects once every reference is expanded.
-    std::vector<std::string> doubling;
-    for (uint32_t i = 1; i <= 60; ++i)
-        doubling.push_back(binary::array({i, i}));
-    doubling.push_back(binary::array({}));
     // A dictionary that would read if its one megabyte were not referred to 2,000 times.
     const std::string gigabyte =
         binary::plist({binary::dictionary({{1, 2}, {3, 4}}), binary::text("ENABLED"),
                        binary::text("0"), binary::text("BADGE_FONT"),
                        binary::array(std::vector<uint32_t>(2000, 5)), binary::data(1 << 20)});
-    expectDefaultsFrom({
+    const std::pair<const char*, std::string> files[] = {
+        {"empty", ""},
+        {"truncated XML", valid.substr(0, valid.size() / 2)},
+        {"array root", plistXml("<array><string>0</string></array>")},
+        {"binary signature then junk", "bplist00" + std::string(200, '\xa5')},
+        {"50 MiB of junk", std::string(50 * 1024 * 1024, '\xa5')},
         {"XML, 180,000 arrays deep",
          plistXml(repeated("<array>", 180000) + repeated("</array>", 180000))},
         {"binary, 100,000 arrays deep", binary::plist(chain)},
-        {"doubling references", binary::plist(doubling)},
-        {"an array holding itself", binary::plist({binary::array({0})})},
         {"one megabyte, 2,000 times", gigabyte},
-    });
-}
-
-TEST_F(BadSettingsFile, ManyEntityReferencesAreRefusedBeforeTheyCostQuadraticTime) {
-    // 4 MB of "&amp;" took libplist 35 s of CPU.
-    expectDefaultsFrom(
-        {{"800,000 entities", plistXml("<dict><key>BADGE_TEXT_FIELD_TEXT</key><string>" +
-                                       repeated("&amp;", 800000) + "</string></dict>")}});
+        // 4 MB of "&amp;" took libplist 35 s of CPU.
+        {"800,000 entities", plistXml("<dict><key>BADGE_TEXT_FIELD_TEXT</key><string>" +
+                                      repeated("&amp;", 800000) + "</string></dict>")},
+    };
+    for (const auto& [what, bytes] : files) {
+        SCOPED_TRACE(what);
+        root.writeSettings(bytes);
+        pomwick::test::expectEveryDefault();
+    }
     root.writeSettings(plistXml("<dict><key>BADGE_TEXT_FIELD_TEXT</key><string>" +
                                 repeated("&lt;&amp;&gt;", 100) + "</string></dict>"));
     EXPECT_EQ(getBadgeTextFieldText(), repeated("<&>", 100));
 }
 
-TEST_F(BadSettingsFile, ValuesOfTheWrongKindGiveTheDefault) {
+TEST_F(BadSettingsFile, ValuesOfOtherKindsGiveTheDefaultButNumbersAnswerAsNumbers) {
     for (const char* value :
          {"<date>2020-01-01T00:00:00Z</date>", "<data>AAEC</data>",
           "<array><string>1</string></array>", "<dict><key>a</key><string>0</string></dict>"}) {
@@ -114,18 +81,10 @@ TEST_F(BadSettingsFile, ValuesOfTheWrongKindGiveTheDefault) {
         // A font name that is there but no text is looked up, and finds no face.
         EXPECT_FALSE(getBadgeFont());
     }
-}
-
-TEST_F(BadSettingsFile, NumbersAnswerAsNumbers) {
+    // Numbers, as other programs store them, answer as numbers.
     root.writeSettings(everyKeyHolding("<integer>0</integer>"));
     EXPECT_FALSE(getEnabled());
-    EXPECT_EQ(getBadgeFontSize(), 0);
     EXPECT_EQ(getBadgeAlpha(), 0.0f);
-    // Kinds that only strings answer keep their defaults.
-    EXPECT_EQ(getBadgeTextFieldText(), "");
-    EXPECT_EQ(getBadgeBorderColor(), Color::black());
-    EXPECT_EQ(getBadgeLocation(), BadgeLocation{});
-
     root.writeSettings(everyKeyHolding("<real>1e300</real>"));
     EXPECT_EQ(getBadgeFontSize(), 2147483647);
     root.writeSettings(everyKeyHolding("<true/>"));

@@ -4,16 +4,10 @@
 #include "SettingsFile.h"
 
 #include <QProcess>
-#include <algorithm>
-#include <chrono>
-#include <csignal>
 #include <fcntl.h>
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
-#include <random>
 #include <sys/file.h>
-#include <thread>
 #include <unistd.h>
 
 using namespace pomwick;
@@ -61,23 +55,6 @@ TEST_F(ConcurrentWriter, AReaderNeverSeesAHalfWrittenFile) {
     EXPECT_EQ(writer->exitCode(), 0);
     EXPECT_GT(reads, 10);
     expectWholeFile();
-}
-
-TEST_F(ConcurrentWriter, AWriterKilledAtAnyMomentLeavesTheOldOrTheNewFile) {
-    setPreferencesObjectKey("short", SettingsKey::badgeTextFieldText);
-    std::mt19937 generator(7);
-    std::uniform_int_distribution<int> delayMicroseconds(0, 20000);
-    for (int round = 0; round < 25; ++round) {
-        const auto writer = startWriter(0);
-        std::this_thread::sleep_for(std::chrono::microseconds(delayMicroseconds(generator)));
-        ::kill(static_cast<pid_t>(writer->processId()), SIGKILL);
-        writer->waitForFinished(5000);
-        expectWholeFile();
-        if (HasFatalFailure())
-            return;
-    }
-    setPreferencesObjectKey("short", SettingsKey::badgeTextFieldText);
-    EXPECT_EQ(getBadgeTextFieldText(), "short");
 }
 
 TEST_F(ConcurrentWriter, TwoWritersAtOnceNeverLoseEachOthersKeys) {

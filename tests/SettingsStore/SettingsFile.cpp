@@ -14,13 +14,6 @@ std::string plistXml(const std::string& dictionaryBody) {
            dictionaryBody + "\n</plist>\n";
 }
 
-std::string stringsPlist(const std::vector<std::pair<std::string, std::string>>& entries) {
-    std::string body = "<dict>";
-    for (const auto& [key, value] : entries)
-        body += "<key>" + key + "</key><string>" + value + "</string>";
-    return plistXml(body + "</dict>");
-}
-
 namespace {
 
 std::string bigEndian(uint64_t value, int size) {

@@ -12,8 +12,6 @@ namespace pomwick::test {
 
 // A settings property list as another program would write it: raw XML around the given body.
 std::string plistXml(const std::string& dictionaryBody);
-// <dict> of string values.
-std::string stringsPlist(const std::vector<std::pair<std::string, std::string>>& entries);
 
 // Binary property lists, object by object (references are object numbers; object 0 is the root).
 namespace binary {

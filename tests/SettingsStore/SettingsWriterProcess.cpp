@@ -1,6 +1,6 @@
-// Rewrites the settings file in a loop: the other side of the tests that read while it writes,
-// kill it while it writes, or write at the same time. Usage:
-//   pomwick-settings-writer ROOT COUNT          (COUNT 0: forever) the text, short and long in turn
+// Rewrites the settings file in a loop: the other side of the tests that read while it writes or
+// write at the same time. Usage:
+//   pomwick-settings-writer ROOT COUNT          the text, short and long in turn
 //   pomwick-settings-writer ROOT COUNT PREFIX   the keys PREFIX0 .. PREFIX<COUNT-1>, one a write
 #include "DevicePaths.h"
 #include "Settings.h"
@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
         return 2;
     pomwick::DeviceRoot::set(argv[1]);
     const long count = std::atol(argv[2]);
-    for (long i = 0; count == 0 || i < count; ++i) {
+    for (long i = 0; i < count; ++i) {
         if (argc == 4) {
             pomwick::setPreferencesObjectKey("1", argv[3] + std::to_string(i));
             continue;

@@ -11,10 +11,9 @@
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     const QStringList arguments = app.arguments();
-    bool number = false;
-    const int rounds = arguments.value(2).toInt(&number);
-    if (arguments.size() < 4 || !number || rounds < 0)
+    if (arguments.size() < 4)
         return 2;
+    const int rounds = arguments[2].toInt();
     const auto& center = pomwick::MessagingCenter::centerNamed(arguments[1]);
     for (int round = 0; round < rounds; ++round)
         for (qsizetype message = 3; message < arguments.size(); ++message)

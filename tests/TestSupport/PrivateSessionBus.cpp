@@ -1,7 +1,6 @@
 #include "PrivateSessionBus.h"
 
 #include <QProcess>
-#include <cstdlib>
 #include <stdexcept>
 
 namespace pomwick::test {

@@ -1,11 +1,9 @@
 // The two pickers in one window, for driving them with real input: the font picker on top, a
-// color grid below. Every pick is printed on its own line. With --screenshot FILE the window is
-// photographed once it has painted, and the program ends.
+// color grid below. Every pick is printed on its own line.
 #include "DQFontPicker.h"
 #include "LJColorPickerView.h"
 
 #include <QApplication>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <cstdio>
 
@@ -25,7 +23,7 @@ std::vector<Color> palette() {
     std::vector<Color> colors;
     for (int i = 0; i < 48; ++i) {
         const QColor color = QColor::fromHsvF(float(i % 12) / 12, 0.35f + float(i / 12) * 0.2f,
-                                               1.0f - float(i / 12) * 0.15f);
+                                              1.0f - float(i / 12) * 0.15f);
         colors.push_back({color.redF(), color.greenF(), color.blueF(), 1});
     }
     return colors;
@@ -44,10 +42,7 @@ int main(int argc, char** argv) {
     layout->setSpacing(12);
     auto* fonts = new DQFontPicker;
     fonts->setFixedSize(320, 216);
-    Font font;
-    font.name = "DejaVuSans";
-    font.size = 14;
-    fonts->setFont(font);
+    fonts->setFont(Font{"DejaVuSans", 14, {}, {}, {}});
     fonts->setColor(Color{1, 0, 0, 1});
     fonts->setChangeHandler([fonts] {
         std::printf("changed %s %g\n", qPrintable(fonts->fontName()), fonts->fontSize());
@@ -61,14 +56,5 @@ int main(int argc, char** argv) {
     layout->addWidget(fonts);
     layout->addWidget(grid);
     window.show();
-
-    const QStringList arguments = app.arguments();
-    const qsizetype shot = arguments.indexOf(QStringLiteral("--screenshot"));
-    if (shot >= 0 && shot + 1 < arguments.size()) {
-        QTimer::singleShot(0, &window, [&] {
-            window.grab().save(arguments[shot + 1]);
-            app.quit();
-        });
-    }
     return app.exec();
 }
