@@ -16,26 +16,18 @@ namespace {
 
 // The page that pushes the editor, as far as the editor sees it.
 struct FakeSender : BadgePositionSender {
+    FakeSender() { badge.fill(Qt::red); }
     QSizeF size{320, 480};
     float icon = 60;
-    QImage badge;
+    QImage badge{30, 24, QImage::Format_ARGB32_Premultiplied};
     QRectF viewBounds() override { return {QPointF(0, 0), size}; }
     float iconSize() const override { return icon; }
     QImage finalBadgeImage() const override { return badge; }
 };
 
-QImage badgeImage(QSize size) {
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::red);
-    return image;
-}
-
 class BadgePosition : public testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_FALSE(installBundleIntoDeviceRoot());
-        sender.badge = badgeImage({30, 24});
-    }
+    void SetUp() override { ASSERT_FALSE(installBundleIntoDeviceRoot()); }
 
     BadgePositionViewController& open() {
         editor = std::make_unique<BadgePositionViewController>();
@@ -103,23 +95,17 @@ TEST_F(BadgePosition, DragLeftOfTheIconStoresNegativeFractionsRestoredExactlyOnT
     EXPECT_EQ(editor->badgeImageView()->geometry(), placed);
 }
 
-TEST_F(BadgePosition, ADragThatWouldLeaveTheSquareLeavesTheBadgeAndComingBackMovesByNewMotionOnly) {
+TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItAndNeverOutOfTheSquare) {
     open();
+    drag({{150, 150}, {140, 140}});
+    EXPECT_EQ(badge(), QRectF(60, 60, 30, 24)) << "a touch beside the badge";
+    EXPECT_EQ(storedLocation(), "0.000000,0.000000") << "but the place is still stored";
     // 100 points to the right would carry the badge's right edge past 180: no move at all.
     drag({{70, 70}, {170, 70}, {160, 70}, {150, 80}});
     EXPECT_EQ(badge(), QRectF(40, 70, 30, 24));
     // Edges may touch: the badge goes right up to the square's edge.
     drag({{50, 80}, {10, 66}});
     EXPECT_EQ(badge(), QRectF(0, 56, 30, 24));
-}
-
-TEST_F(BadgePosition, ATouchBesideTheBadgeMovesNothingButStillStoresThePlace) {
-    setPreferencesObjectKey("0.1,0.2", "BADGE_LOCATION");
-    open();
-    const QRectF before = badge();
-    drag({{170, 170}, {100, 100}});
-    EXPECT_EQ(badge(), before);
-    EXPECT_EQ(storedLocation(), "0.100000,0.200000");
 }
 
 TEST_F(BadgePosition, ArrowKeysNudgeOnePointAndStoreWhenLetGo) {
@@ -132,18 +118,12 @@ TEST_F(BadgePosition, ArrowKeysNudgeOnePointAndStoreWhenLetGo) {
     EXPECT_EQ(badge(), QRectF(58, 59, 30, 24));
     EXPECT_EQ(storedLocation(), "-0.033333,-0.016667");
     EXPECT_EQ(page->focusPolicy(), Qt::StrongFocus);
-    EXPECT_FALSE(page->accessibleName().isEmpty());
 }
 
-TEST_F(BadgePosition, NoIconSizeOrNoBadgeImageGivesAnEmptyEditorThatKeepsTheStoredPlace) {
+TEST_F(BadgePosition, NoIconSizeGivesAnEmptyEditorThatKeepsTheStoredPlace) {
     setPreferencesObjectKey("0.3,0.4", "BADGE_LOCATION");
-    for (const auto& [icon, image] : {std::pair{0.0f, badgeImage({30, 24})}, {60.0f, QImage()}}) {
-        sender.icon = icon;
-        sender.badge = image;
-        open();
-        drag({{1, 1}, {5, 5}});
-        EXPECT_EQ(storedLocation(), icon == 0 ? "0.3,0.4" : "0.300000,0.400000") << icon;
-        setFrame(editor->view(), QRectF(0, 0, 200, 100));
-        editor->didRotateFromInterfaceOrientation(1);
-    }
+    sender.icon = 0;
+    open();
+    drag({{1, 1}, {5, 5}});
+    EXPECT_EQ(storedLocation(), "0.3,0.4");
 }

@@ -11,10 +11,8 @@ namespace {
 
 class RecordingDelegate : public QObject, public LJColorPickerViewDelegate {
 public:
-    void didSelectColor(LJColorPickerView* picker, const Color& color) override {
-        told.emplace_back(picker, color);
-    }
-    std::vector<std::pair<LJColorPickerView*, Color>> told;
+    void didSelectColor(LJColorPickerView*, const Color& color) override { told.push_back(color); }
+    std::vector<Color> told;
 };
 
 std::vector<Color> palette(int count) {
@@ -25,8 +23,8 @@ std::vector<Color> palette(int count) {
 }
 
 struct Picker {
-    explicit Picker(int colors, int width = 320, int height = 480) {
-        view.resize(width, height);
+    explicit Picker(int colors, int width = 320) {
+        view.resize(width, 480);
         view.setColors(palette(colors));
         view.show();
     }
@@ -41,34 +39,22 @@ struct Picker {
     LJColorPickerView view;
 };
 
-TEST(LJColorPickerView, StartsWithItsDefaultsAndClampsWhatItIsGiven) {
+// Its defaults (four a row, padding 2, a white border) show in the layout and tap tests.
+TEST(LJColorPickerView, ClampsWhatItIsGivenAndKeepsTheInsetItStartedWith) {
     LJColorPickerView view;
-    EXPECT_EQ(view.colorsPerRow(), 4);
-    EXPECT_EQ(view.colorCellPadding(), 2.0);
-    EXPECT_TRUE(view.highlightSelection());
-    EXPECT_EQ(view.selectionBorderColor(), Color::white());
     EXPECT_FALSE(view.selectedColor());
-    EXPECT_EQ(view.colorView()->numberOfItems(), 0);
-    EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2));
-
-    for (auto [given, stored] : {std::pair{0, 1}, {-3, 1}, {1, 1}, {7, 7}}) {
-        view.setColorsPerRow(given);
-        EXPECT_EQ(view.colorsPerRow(), stored) << given;
-    }
-    for (auto [given, stored] : {std::pair{-0.5, 0.0}, {0.4, 0.4}, {9.0, 9.0}}) {
-        view.setColorCellPadding(given);
-        EXPECT_EQ(view.colorCellPadding(), stored) << given;
-    }
+    view.setColorsPerRow(0);
+    EXPECT_EQ(view.colorsPerRow(), 1);
+    view.setColorCellPadding(-0.5);
+    EXPECT_EQ(view.colorCellPadding(), 0.0);
     view.setColorCellPadding(7);
-    EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2))
-        << "the inset keeps the padding of its creation";
+    EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2));
 }
 
 // Swatch sides: the gap total is cut to whole points before it is subtracted from the width.
 TEST(LJColorPickerView, SizesSwatchesFromTheWidthLessTheWholeGaps) {
     for (const auto& [width, perRow, padding, side] :
-         {std::tuple<int, int, double, qreal>{320, 4, 2.0, 78},
-          {300, 3, 0.4, 100},
+         {std::tuple<int, int, double, qreal>{300, 3, 0.4, 100},
           {300, 3, 0.5, 99},
           {321, 1, 2.0, 321},
           {5, 4, 10.0, 0}}) {
@@ -80,7 +66,7 @@ TEST(LJColorPickerView, SizesSwatchesFromTheWidthLessTheWholeGaps) {
     }
 }
 
-TEST(LJColorPickerView, LaysSwatchesOutInRowsThatFillTheWidth) {
+TEST(LJColorPickerView, LaysSwatchesOutInFullRowsAndATapBordersOneAndReportsItsColor) {
     Picker picker(10);
     CollectionView* grid = picker.grid();
     EXPECT_EQ(grid->layoutFrameForItem(0), QRectF(0, 0, 78, 78));
@@ -89,23 +75,19 @@ TEST(LJColorPickerView, LaysSwatchesOutInRowsThatFillTheWidth) {
     EXPECT_EQ(grid->layoutFrameForItem(9).left(), grid->layoutFrameForItem(5).left())
         << "the last row stands under the row above";
     EXPECT_EQ(grid->contentOffset(), QPointF(0, 0));
-}
 
-TEST(LJColorPickerView, TapBordersTheSwatchAndReportsItsColor) {
-    Picker picker(10);
     RecordingDelegate delegate;
     picker.view.setDelegate(&delegate);
 
-    QTest::mousePress(picker.grid()->viewport(), Qt::LeftButton, {}, picker.centerOf(2));
+    QTest::mousePress(grid->viewport(), Qt::LeftButton, {}, picker.centerOf(2));
     ASSERT_TRUE(QTest::qWaitFor([&] { return picker.cell(2) && picker.cell(2)->alpha() == 0.5; }))
         << "dimmed while pressed";
-    QTest::mouseRelease(picker.grid()->viewport(), Qt::LeftButton, {}, picker.centerOf(2));
+    QTest::mouseRelease(grid->viewport(), Qt::LeftButton, {}, picker.centerOf(2));
     EXPECT_EQ(picker.cell(2)->alpha(), 1.0);
     EXPECT_EQ(picker.cell(2)->borderWidth(), 5.0);
     EXPECT_EQ(picker.cell(2)->borderColor(), QColor(Qt::white));
     ASSERT_EQ(delegate.told.size(), 1u);
-    EXPECT_EQ(delegate.told[0].first, &picker.view);
-    EXPECT_EQ(delegate.told[0].second, palette(10)[2]);
+    EXPECT_EQ(delegate.told[0], palette(10)[2]);
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[2]);
 
     picker.tap(5);
@@ -113,46 +95,32 @@ TEST(LJColorPickerView, TapBordersTheSwatchAndReportsItsColor) {
     EXPECT_EQ(picker.cell(5)->borderWidth(), 5.0);
 
     picker.view.setHighlightSelection(false);
-    EXPECT_FALSE(picker.grid()->indexPathForSelectedItem()) << "a reset clears the selection";
+    EXPECT_FALSE(grid->indexPathForSelectedItem()) << "a reset clears the selection";
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[5]) << "but keeps the color";
     picker.tap(7);
     EXPECT_EQ(picker.cell(7)->borderWidth(), 0);
     EXPECT_EQ(delegate.told.size(), 3u);
-    EXPECT_EQ(picker.view.selectedColor(), palette(10)[7]);
 
     // Delegates that cannot be told are left alone.
     QObject unaware;
     picker.view.setDelegate(&unaware);
     picker.tap(1);
-    EXPECT_EQ(picker.view.selectedColor(), palette(10)[1]);
     auto gone = std::make_unique<RecordingDelegate>();
     picker.view.setDelegate(gone.get());
     gone.reset();
-    EXPECT_EQ(picker.view.delegate(), nullptr);
     picker.tap(3);
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[3]);
 }
 
-TEST(LJColorPickerView, EverySetterScrollsBackToTheTop) {
-    Picker picker(400);
-    picker.grid()->setContentOffset({0, 900});
-    ASSERT_EQ(picker.grid()->contentOffset(), QPointF(0, 900));
-    picker.view.setSelectionBorderColor(Color::black());
-    EXPECT_EQ(picker.grid()->contentOffset(), QPointF(0, 0));
-}
-
-TEST(LJColorPickerView, PalettesOfAnySizeAndGridsNarrowerThanTheirPadding) {
-    for (int count : {0, 1, 10000}) {
+TEST(LJColorPickerView, PalettesOfAnySizeAndEverySetterScrollsBackToTheTop) {
+    for (int count : {0, 10000}) {
         Picker picker(count);
         EXPECT_EQ(picker.grid()->numberOfItems(), count);
         picker.grid()->setContentOffset({0, 1e9});
         EXPECT_FALSE(picker.view.grab().isNull());
+        picker.view.setSelectionBorderColor(Color::black());
+        EXPECT_EQ(picker.grid()->contentOffset(), QPointF(0, 0));
     }
-    Picker narrow(50, 4);
-    narrow.view.setColorCellPadding(10);
-    EXPECT_FALSE(narrow.view.grab().isNull());
-    narrow.view.setColors({});
-    EXPECT_EQ(narrow.grid()->numberOfItems(), 0);
 }
 
 TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelects) {
@@ -166,7 +134,7 @@ TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelects) {
     EXPECT_TRUE(delegate.told.empty()) << "moving the focus selects nothing";
     QTest::keyClick(picker.grid(), Qt::Key_Space);
     ASSERT_EQ(delegate.told.size(), 1u);
-    EXPECT_EQ(delegate.told[0].second, palette(12)[9]);
+    EXPECT_EQ(delegate.told[0], palette(12)[9]);
     QTest::keyClick(picker.grid(), Qt::Key_End);
     QTest::keyClick(picker.grid(), Qt::Key_Return);
     EXPECT_EQ(picker.view.selectedColor(), palette(12)[11]);
