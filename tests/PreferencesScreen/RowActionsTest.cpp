@@ -1,6 +1,7 @@
 #include "BadgePositionViewController.h"
 #include "ColorPalette.h"
 #include "ColorPickerController.h"
+#include "ColorText.h"
 #include "DevicePaths.h"
 #include "NavigationController.h"
 #include "ScreenFixture.h"
@@ -50,6 +51,19 @@ protected:
 };
 
 } // namespace
+
+TEST(HexColor, EveryScannerRuleGivesTheColorOfItsLowTwentyFourBits) {
+    const Color orange{1.0f, 128 / 255.0f, 0.0f, 0.5f};
+    const Color black{0, 0, 0, 0.5f};
+    const std::pair<const char*, Color> cases[] = {
+        {"#FF8000", orange},    {"FF8000", orange},    {"0xFF8000", orange},
+        {"##ff8000zz", orange}, {"#80FF8000", orange}, {"zz", black},
+        {" #FF8000", black},    {"", black},           {"0xFFFFFFFFFF", {1, 1, 1, 0.5f}},
+    };
+    for (const auto& [hex, color] : cases)
+        EXPECT_EQ(getUIColorFromHexString(hex, 0.5f), color) << hex;
+    EXPECT_EQ(storedColorText(orange), "1.000000,0.501961,0.000000,0.500000");
+}
 
 TEST_F(RowActions, BadPaletteFilesGiveAnEmptyOrPartlyFilledPalette) {
     const std::pair<std::string, size_t> cases[] = {

@@ -77,6 +77,13 @@ TEST_F(TextFieldTest, AsksBeforeEveryEditWithItsRangeAndReplacementAndHonoursARe
     QTest::keyClick(field, Qt::Key_Backspace);
     EXPECT_EQ(field->text(), "e" + emoji + "!");
     EXPECT_EQ(delegate.edits.size(), 7u);
+
+    // No length limit: a line edit's default would cut the text at 32,767 characters.
+    delegate.allow = true;
+    const QString longText(40000, 'x');
+    field->setText("");
+    field->insert(longText);
+    EXPECT_EQ(field->text(), longText);
 }
 
 TEST_F(TextFieldTest, EditingBeginsOnceUntilTheFocusGoesElsewhere) {
