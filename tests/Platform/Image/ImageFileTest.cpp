@@ -19,6 +19,12 @@ TEST(ImageFile, ValidFilesLoadAtScaleOneAndUnusableOnesGiveANullImage) {
     EXPECT_EQ(loaded.pixelColor(0, 0), QColor(Qt::blue));
     // The write left no temporary behind.
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"image.png"});
+    // A reader that opened the old picture keeps it whole: the new one is renamed over it, not
+    // written into it (a hard link stands for the reader's open file).
+    const std::filesystem::path reader = folder.filePath("reader.png").toStdString();
+    std::filesystem::create_hard_link(path, reader);
+    ASSERT_TRUE(writePngAtomically(image.scaled(8, 8), path));
+    EXPECT_EQ(imageWithContentsOfFile(reader).size(), QSize(6, 4));
 
     std::ifstream in(path, std::ios::binary);
     const std::string validBytes{std::istreambuf_iterator<char>(in), {}};
