@@ -6,7 +6,6 @@
 #include "PrivateSessionBus.h"
 #include "TemporaryDeviceRoot.h"
 
-#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QFile>
@@ -78,11 +77,3 @@ void HostMemoryUnderAMessageFlood(benchmark::State& state) {
 BENCHMARK(HostMemoryUnderAMessageFlood)->Unit(benchmark::kSecond)->Iterations(1);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -3,7 +3,6 @@
 #include "PrivateSessionBus.h"
 #include "TemporaryDeviceRoot.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QThread>
@@ -49,11 +48,3 @@ void HostStartToFirstPreview(benchmark::State& state) {
 BENCHMARK(HostStartToFirstPreview)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -11,12 +11,10 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QGuiApplication>
 #include <QProcess>
 #include <QThread>
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <clocale>
 #include <filesystem>
 #include <memory>
 #include <vector>
@@ -121,13 +119,3 @@ BENCHMARK(PreviewRoundTrip)
     ->Iterations(2000);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    std::setlocale(LC_NUMERIC, "C");
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

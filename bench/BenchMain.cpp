@@ -1,5 +1,6 @@
-// The main of the benchmarks that measure widgets: an offscreen application, numbers read and
-// written in the C locale as the programs do, then the registered benchmarks.
+// The main of every benchmark: an offscreen application (enough for widgets, images and the
+// bus), numbers read and written in the C locale as the programs do, then the registered
+// benchmarks.
 #include <QApplication>
 #include <benchmark/benchmark.h>
 #include <clocale>
