@@ -6,8 +6,7 @@
 #include "PreviewFiles.h"
 #include "ToolCommand.h"
 
-#include <QGuiApplication>
-#include <clocale>
+#include <QCoreApplication>
 #include <cmath>
 #include <filesystem>
 #include <iostream>
@@ -27,18 +26,18 @@ int preview(const std::vector<std::string>& arguments) {
     // Before asking the renderer for anything: the write would refuse it anyway.
     if (const auto refusal = whyNotReplaceable(output))
         return fail(QString::fromStdString(*refusal));
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "pomwick-defaults";
-    static char* argv[] = {name, nullptr};
-    QGuiApplication app(argc, argv);
-    std::setlocale(LC_NUMERIC, "C");
-
     if (const auto failure = installBundleIntoDeviceRoot())
         return fail(QString::fromStdString(*failure));
-    if (const auto failure = requestFreshBadgeBackground(answerTimeoutMilliseconds))
-        return fail(*failure);
+    PreviewExchange exchange(answerTimeoutMilliseconds);
+    QString problem;
+    QObject::connect(&exchange, &PreviewExchange::finished, [&problem](const QString& why) {
+        problem = why;
+        QCoreApplication::quit();
+    });
+    QMetaObject::invokeMethod(&exchange, &PreviewExchange::start, Qt::QueuedConnection);
+    QCoreApplication::exec();
+    if (!problem.isEmpty())
+        return fail(problem);
     const auto iconSize = readReportedIconSize();
     if (!iconSize || !std::isfinite(*iconSize) || *iconSize <= 0 || *iconSize > 1024)
         return fail("the renderer reported no usable icon size in the device's /tmp/iconSize.txt");

@@ -1,17 +1,34 @@
-// The other end of a bare ping-pong: answers every "ping" to its center with a "pong" to the
-// benchmark's center. Usage: pomwick-bench-echo-peer
+// The other end of a bare ping-pong: answers every "ping" to its bus name with a "reloadData" to
+// the screen's center, where the benchmark counts it. Usage: pomwick-bench-echo-peer
+#include "MessageNames.h"
 #include "MessagingCenter.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
+
+namespace {
+
+class Echo : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "com.velquor.pomwickbench.echo")
+public Q_SLOTS:
+    Q_NOREPLY void ping() {
+        pomwick::MessagingCenter::centerNamed(pomwick::CenterName::preferences)
+            .sendMessageName(pomwick::MessageName::reloadData);
+    }
+};
+
+} // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    auto& echo = pomwick::MessagingCenter::centerNamed("com.velquor.pomwickbench.echo");
-    if (!echo.runServerOnCurrentThread())
+    Echo echo;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.registerObject(QStringLiteral("/com/velquor/pomwickbench/echo"), &echo,
+                            QDBusConnection::ExportAllSlots) ||
+        !bus.registerService(QStringLiteral("com.velquor.pomwickbench.echo")))
         return 1;
-    echo.registerForMessageName("ping", &app, [](const QString&) {
-        pomwick::MessagingCenter::centerNamed("com.velquor.pomwickpreferences")
-            .sendMessageName("pong");
-    });
     return app.exec();
 }
+
+#include "EchoPeer.moc"

@@ -10,6 +10,8 @@
 #include "TemporaryDeviceRoot.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QThread>
@@ -38,7 +40,7 @@ struct Peers {
         echo.start(ECHO_PEER, {});
         MessagingCenter& screen = MessagingCenter::centerNamed(CenterName::preferences);
         screen.runServerOnCurrentThread();
-        for (const QString& name : {MessageName::badgeSavedToTmp, QStringLiteral("pong")})
+        for (const QString& name : {MessageName::badgeSavedToTmp, MessageName::reloadData})
             screen.registerForMessageName(name, &receiver, [this](const QString&) { ++answers; });
         while (!MessagingCenter::centerNamed(CenterName::renderer).doesServerExist() ||
                !MessagingCenter::centerNamed(echoCenter).doesServerExist())
@@ -104,7 +106,9 @@ void DBusPingPong(benchmark::State& state) {
     Peers& bus = peers();
     measure(state, [&] {
         const int before = bus.answers;
-        MessagingCenter::centerNamed(echoCenter).sendMessageName(QStringLiteral("ping"));
+        QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
+            echoCenter, QStringLiteral("/com/velquor/pomwickbench/echo"), echoCenter,
+            QStringLiteral("ping")));
         bus.awaitAnswer(before);
     });
 }

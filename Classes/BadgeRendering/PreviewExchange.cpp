@@ -3,57 +3,64 @@
 #include "MessageNames.h"
 #include "MessagingCenter.h"
 
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QThread>
-#include <QTimer>
+#include <QDBusConnection>
 
 namespace pomwick {
-namespace {
 
-bool waitForRenderer(const QDeadlineTimer& deadline) {
-    MessagingCenter& renderer = MessagingCenter::centerNamed(CenterName::renderer);
-    while (!renderer.doesServerExist()) {
-        if (deadline.hasExpired())
-            return false;
-        QThread::msleep(20);
-    }
-    return true;
+PreviewExchange::PreviewExchange(int timeoutMilliseconds, QObject* parent)
+    : QObject(parent), timeoutMilliseconds_(timeoutMilliseconds) {
+    deadline_.setSingleShot(true);
+    connect(&deadline_, &QTimer::timeout, this, [this] {
+        finish(asked_ ? QStringLiteral("the renderer serving %1 did not answer within %2 ms")
+                            .arg(CenterName::renderer)
+                            .arg(timeoutMilliseconds_)
+                      : QStringLiteral("no renderer serves %1 on this session bus: start "
+                                       "pomwick-renderer")
+                            .arg(CenterName::renderer));
+    });
 }
 
-} // namespace
-
-std::optional<QString> requestFreshBadgeBackground(int timeoutMilliseconds) {
+void PreviewExchange::start() {
     if (!sessionBusAvailable())
-        return QStringLiteral("no D-Bus session bus: DBUS_SESSION_BUS_ADDRESS is unset or "
-                              "unreachable (start one with dbus-run-session)");
-    const QDeadlineTimer deadline(timeoutMilliseconds);
-    if (!waitForRenderer(deadline))
-        return QStringLiteral("no renderer serves %1 on this session bus: start pomwick-renderer")
-            .arg(CenterName::renderer);
-
+        return finish(QStringLiteral("no D-Bus session bus: DBUS_SESSION_BUS_ADDRESS is unset or "
+                                     "unreachable (start one with dbus-run-session)"));
     MessagingCenter& screen = MessagingCenter::centerNamed(CenterName::preferences);
     if (!screen.runServerOnCurrentThread())
-        return QStringLiteral("%1 is served by another process, most likely an open settings "
-                              "window, whose header shows this preview; close it and try again")
-            .arg(CenterName::preferences);
-
-    QEventLoop loop;
-    bool answered = false;
-    QObject receiver;
-    screen.registerForMessageName(MessageName::badgeSavedToTmp, &receiver, [&](const QString&) {
-        answered = true;
-        loop.quit();
+        return finish(QStringLiteral("%1 is served by another process, most likely an open "
+                                     "settings window, whose header shows this preview; close it "
+                                     "and try again")
+                          .arg(CenterName::preferences));
+    screen.registerForMessageName(MessageName::badgeSavedToTmp, this, [this](const QString&) {
+        if (asked_)
+            finish({});
     });
-    QTimer::singleShot(std::max<qint64>(0, deadline.remainingTime()), &loop, &QEventLoop::quit);
+    deadline_.start(timeoutMilliseconds_);
+
+    // The watcher is set up before the question, so that a renderer appearing in between is
+    // still seen.
+    rendererWatcher_.setConnection(QDBusConnection::sessionBus());
+    rendererWatcher_.setWatchMode(QDBusServiceWatcher::WatchForRegistration);
+    rendererWatcher_.addWatchedService(CenterName::renderer);
+    connect(&rendererWatcher_, &QDBusServiceWatcher::serviceRegistered, this,
+            &PreviewExchange::askRenderer);
+    if (MessagingCenter::centerNamed(CenterName::renderer).doesServerExist())
+        askRenderer();
+}
+
+void PreviewExchange::askRenderer() {
+    if (asked_ || done_)
+        return;
+    asked_ = true;
     MessagingCenter::centerNamed(CenterName::renderer)
         .sendMessageName(MessageName::saveBadgeImages);
-    loop.exec();
-    if (!answered)
-        return QStringLiteral("the renderer serving %1 did not answer within %2 ms")
-            .arg(CenterName::renderer)
-            .arg(timeoutMilliseconds);
-    return std::nullopt;
+}
+
+void PreviewExchange::finish(const QString& problem) {
+    if (done_)
+        return;
+    done_ = true;
+    deadline_.stop();
+    Q_EMIT finished(problem);
 }
 
 } // namespace pomwick

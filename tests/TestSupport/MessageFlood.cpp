@@ -1,11 +1,11 @@
 // Sends a flood of one-way messages from a process of its own, as a broken or hostile client
-// would, and returns once the bus has them all.
+// would, and returns once the bus has them all. A bare bus client: it knows nothing of our
+// interfaces, so it can send names they do not declare.
 // Usage: pomwick-message-flood CENTER ROUNDS MESSAGE...
-#include "MessagingCenter.h"
-
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QStringList>
 
 int main(int argc, char** argv) {
@@ -13,13 +13,14 @@ int main(int argc, char** argv) {
     const QStringList arguments = app.arguments();
     if (arguments.size() < 4)
         return 2;
+    const QString center = arguments[1];
+    const QString path =
+        QLatin1Char('/') + QString(center).replace(QLatin1Char('.'), QLatin1Char('/'));
     const int rounds = arguments[2].toInt();
-    const auto& center = pomwick::MessagingCenter::centerNamed(arguments[1]);
+    QDBusConnection bus = QDBusConnection::sessionBus();
     for (int round = 0; round < rounds; ++round)
         for (qsizetype message = 3; message < arguments.size(); ++message)
-            center.sendMessageName(arguments[message]);
+            bus.send(QDBusMessage::createMethodCall(center, path, center, arguments[message]));
     // A round trip to the bus on the same connection: everything sent before it is written.
-    return QDBusConnection::sessionBus().interface()->isServiceRegistered(arguments[1]).isValid()
-               ? 0
-               : 1;
+    return bus.interface()->isServiceRegistered(center).isValid() ? 0 : 1;
 }

@@ -1,66 +1,17 @@
 #include "MessagingCenter.h"
 
 #include "MessageNames.h"
-#include "MessagingInterfaces.h"
+#include "MessageReceiver.h"
+#include "PreferencesCenterAdaptor.h"
+#include "PreferencesCenterProxy.h"
+#include "RendererCenterAdaptor.h"
+#include "RendererCenterProxy.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusError>
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
 
 namespace pomwick {
-namespace {
-
-QString introspectionOf(const QString& centerName) {
-    const QString xml =
-        QString::fromUtf8(centerName == CenterName::renderer ? MessagingInterfaces::renderer
-                                                             : MessagingInterfaces::preferences);
-    const qsizetype start = xml.indexOf(QLatin1String("<interface"));
-    const qsizetype end = xml.lastIndexOf(QLatin1String("</interface>"));
-    if (start < 0 || end < 0)
-        return {};
-    return xml.mid(start, end + qsizetype(strlen("</interface>")) - start);
-}
-
-} // namespace
-
-// Receives every method call on the center's object and hands it to the center.
-class MessagingCenter::Server : public QDBusVirtualObject {
-public:
-    explicit Server(MessagingCenter& center) : center_(center) {}
-
-    QString introspect(const QString&) const override { return introspectionOf(center_.name()); }
-
-    // Messages carry nothing and expect nothing; a caller that waits for an answer gets one at
-    // once (an empty return, or the standard error when the call is not one of ours) instead of
-    // waiting out its timeout.
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
-        if (message.type() != QDBusMessage::MethodCallMessage ||
-            (!message.interface().isEmpty() && message.interface() != center_.interfaceName()))
-            return false;
-        QDBusMessage answer;
-        if (!center_.handles(message.member()))
-            answer = message.createErrorReply(
-                QDBusError::UnknownMethod,
-                QStringLiteral("No such method '%1' in interface '%2' at object path '%3'")
-                    .arg(message.member(), center_.interfaceName(), message.path()));
-        else if (!message.arguments().isEmpty())
-            answer = message.createErrorReply(
-                QDBusError::InvalidArgs,
-                QStringLiteral("'%1' takes no arguments").arg(message.member()));
-        else {
-            answer = message.createReply();
-            center_.deliver(message.member());
-        }
-        if (message.isReplyRequired())
-            connection.send(answer);
-        return true;
-    }
-
-private:
-    MessagingCenter& center_;
-};
 
 MessagingCenter& MessagingCenter::centerNamed(const QString& name) {
     static std::map<QString, std::unique_ptr<MessagingCenter>> centers;
@@ -71,8 +22,6 @@ MessagingCenter& MessagingCenter::centerNamed(const QString& name) {
 }
 
 MessagingCenter::MessagingCenter(QString name) : name_(std::move(name)) {}
-
-MessagingCenter::~MessagingCenter() = default;
 
 QString MessagingCenter::objectPath() const {
     return QLatin1Char('/') + QString(name_).replace(QLatin1Char('.'), QLatin1Char('/'));
@@ -87,19 +36,25 @@ bool MessagingCenter::doesServerExist() const {
 
 bool MessagingCenter::runServerOnCurrentThread() {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
+    if (!bus.isConnected() || (name_ != CenterName::renderer && name_ != CenterName::preferences))
         return false;
-    if (!server_) {
-        server_ = std::make_unique<Server>(*this);
-        if (!bus.registerVirtualObject(objectPath(), server_.get())) {
-            server_.reset();
+    if (receiver_.isNull()) {
+        auto* receiver = new MessageReceiver([this](const QString& message) { deliver(message); },
+                                             QCoreApplication::instance());
+        if (name_ == CenterName::renderer)
+            new RendererCenterAdaptor(receiver);
+        else
+            new PreferencesCenterAdaptor(receiver);
+        if (!bus.registerObject(objectPath(), receiver, QDBusConnection::ExportAdaptors)) {
+            delete receiver;
             return false;
         }
+        receiver_ = receiver;
     }
     if (bus.registerService(name_))
         return true;
     bus.unregisterObject(objectPath());
-    server_.reset();
+    delete receiver_;
     return false;
 }
 
@@ -112,24 +67,26 @@ void MessagingCenter::sendMessageName(const QString& messageName) const {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(name_, objectPath(), interfaceName(), messageName);
-    // The bus may start the receiver on demand: the renderer is an activatable service.
-    message.setAutoStartService(true);
-    // send() expects no reply and returns at once.
-    bus.send(message);
-}
-
-bool MessagingCenter::handles(const QString& messageName) const {
-    const auto found = registrations_.find(messageName);
-    return found != registrations_.end() && !found->second.target.isNull();
+    if (proxy_.isNull()) {
+        if (name_ == CenterName::renderer)
+            proxy_ =
+                new RendererCenterProxy(name_, objectPath(), bus, QCoreApplication::instance());
+        else if (name_ == CenterName::preferences)
+            proxy_ =
+                new PreferencesCenterProxy(name_, objectPath(), bus, QCoreApplication::instance());
+        else
+            return;
+    }
+    // The proxy's one-way methods return at once; the bus starts the renderer on demand.
+    QMetaObject::invokeMethod(proxy_, messageName.toLatin1().constData());
 }
 
 void MessagingCenter::deliver(const QString& messageName) {
-    if (!handles(messageName))
+    const auto found = registrations_.find(messageName);
+    if (found == registrations_.end() || found->second.target.isNull())
         return;
     // A copy: the handler may register again and replace this very registration.
-    const Handler handler = registrations_.at(messageName).handler;
+    const Handler handler = found->second.handler;
     handler(messageName);
 }
 

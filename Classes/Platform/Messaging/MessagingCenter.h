@@ -1,11 +1,14 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QString>
 #include <functional>
 #include <map>
-#include <memory>
+
+class QDBusAbstractInterface;
 
 namespace pomwick {
 
@@ -13,10 +16,11 @@ namespace pomwick {
 // processes. The center's name is a D-Bus well-known name; a message is a method call with no
 // arguments and no reply, whose member is the message's name, on the object path and interface
 // derived from the center's name. Sending never blocks and ignores failure; received messages
-// are handled on the main thread; a handler whose target has been destroyed is skipped. A call
-// for a message nobody registered, or one that carries arguments, is refused with the standard
-// D-Bus error, at once when the caller awaits an answer.
-class MessagingCenter {
+// are handled on the main thread; a handler whose target has been destroyed is skipped. Only the
+// two centers whose interfaces are declared (the renderer's and the screen's) can be served and
+// sent to: the bus refuses a call their interface does not declare, or one with arguments, at
+// once when the caller awaits an answer.
+class POMWICK_PLATFORM_EXPORT MessagingCenter {
 public:
     using Handler = std::function<void(const QString& messageName)>;
 
@@ -26,7 +30,7 @@ public:
     // Whether some process serves this center now.
     bool doesServerExist() const;
     // Serves the center from this process, on the main thread's event loop. False when the bus
-    // is missing or another process serves it.
+    // is missing, another process serves it, or the center has no declared interface.
     bool runServerOnCurrentThread();
     // Calls the handler for every message of that name while the target lives; registering a
     // name again replaces the earlier registration.
@@ -37,13 +41,8 @@ public:
     QString objectPath() const;
     QString interfaceName() const { return name_; }
 
-    ~MessagingCenter();
-
 private:
     explicit MessagingCenter(QString name);
-    class Server;
-    friend class Server;
-    bool handles(const QString& messageName) const;
     void deliver(const QString& messageName);
 
     struct Registration {
@@ -52,10 +51,12 @@ private:
     };
     QString name_;
     std::map<QString, Registration> registrations_;
-    std::unique_ptr<Server> server_;
+    // Owned by the application object, so that they go before the bus connection does.
+    QPointer<QObject> receiver_;
+    mutable QPointer<QDBusAbstractInterface> proxy_;
 };
 
 // Whether a session bus can be reached at all.
-bool sessionBusAvailable();
+POMWICK_PLATFORM_EXPORT bool sessionBusAvailable();
 
 } // namespace pomwick
