@@ -1,77 +1,28 @@
 // pomwick-settings: a Settings-like window whose root page lists the Pomwick bundle and opens it.
-//   pomwick-settings [--root DIR] [--list] [--smoke-test] [--exit-after-first-preview]
 #include "BundleInstallation.h"
 #include "BundleLoader.h"
 #include "DevicePaths.h"
 #include "MessageNames.h"
 #include "MessagingCenter.h"
 #include "NavigationController.h"
-#include "ProgramInfo.h"
+#include "ProgramOptions.h"
 #include "SettingsListController.h"
 #include "SingleInstance.h"
 
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusPendingCall>
 #include <QGuiApplication>
-#include <QLabel>
+#include <QIcon>
 #include <QScreen>
 #include <QTimer>
 #include <clocale>
 #include <cstdio>
-#include <cstdlib>
-#include <optional>
 
 using namespace pomwick;
 
 namespace {
-
-struct Options {
-    std::optional<std::string> root;
-    bool stayOnList = false;
-    bool smokeTest = false;
-    bool exitAfterFirstPreview = false;
-};
-
-void printUsage() {
-    std::printf("usage: pomwick-settings [--root DIR] [--list] [--smoke-test]\n"
-                "The settings window of Pomwick, with its live badge preview. One window per "
-                "device root:\na second start brings the open one forward.\n\noptions:\n"
-                "  --root DIR        the device root\n"
-                "  --list            stay on the list of bundles\n"
-                "  --smoke-test      load the bundle, open its page, exit 0 (or 1 when it fails)\n"
-                "  --help, --version\n\n%s",
-                deviceRootHelp().c_str());
-}
-
-std::optional<Options> parse(int argc, char** argv) {
-    Options options;
-    for (int i = 1; i < argc; ++i) {
-        const std::string argument = argv[i];
-        if (argument == "--root" && i + 1 < argc)
-            options.root = argv[++i];
-        else if (argument == "--list")
-            options.stayOnList = true;
-        else if (argument == "--smoke-test")
-            options.smokeTest = true;
-        else if (argument == "--exit-after-first-preview")
-            options.exitAfterFirstPreview = true;
-        else if (argument == "--help" || argument == "-h") {
-            printUsage();
-            std::exit(0);
-        } else if (argument == "--version") {
-            std::fputs(versionLine("pomwick-settings").c_str(), stdout);
-            std::exit(0);
-        } else {
-            std::fprintf(stderr,
-                         "pomwick-settings: unknown argument '%s' (see 'pomwick-settings "
-                         "--help')\n",
-                         argument.c_str());
-            return std::nullopt;
-        }
-    }
-    return options;
-}
 
 // A phone-sized window that fits the screen.
 QSize windowSize() {
@@ -82,43 +33,60 @@ QSize windowSize() {
 }
 
 // The page reads the icon size the renderer reports when it loads. Where the renderer is a
-// service the bus starts on demand, have it started now (the bus answers once it serves, after it
-// wrote the icon size), so that the first window on a fresh root shows the icon at its size. A
-// renderer that runs already, or a bus that cannot start one, answers at once.
+// service the bus starts on demand, have it started now, so that the first window on a fresh
+// root usually shows the icon at its size. Asked without waiting: a renderer that hangs while it
+// starts must not keep the window from appearing; the preview follows when it answers.
 void startRenderer() {
-    if (QDBusConnectionInterface* bus = QDBusConnection::sessionBus().interface())
-        bus->startService(CenterName::renderer);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (bus.interface() == nullptr)
+        return;
+    bus.interface()->asyncCall(QStringLiteral("StartServiceByName"), CenterName::renderer, 0u);
 }
 
-// For measuring start-up: says when the page first shows a preview badge, then quits.
-void exitOnceAPreviewShows(QWidget& window) {
-    auto* poll = new QTimer(&window);
-    QObject::connect(poll, &QTimer::timeout, &window, [&window] {
-        const auto* badge = window.findChild<QLabel*>("previewBadge");
-        if (badge == nullptr || badge->pixmap().isNull())
-            return;
+// For measuring start-up: says when the page first shows its content, then quits.
+void exitOnceContentShows(const ViewController& page) {
+    QObject::connect(&page, &ViewController::contentReady, qApp, [] {
         std::printf("pomwick-settings: first preview shown\n");
         std::fflush(stdout);
         QApplication::quit();
     });
-    poll->start(1);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    const auto options = parse(argc, argv);
-    if (!options)
-        return 2;
-    if (options->smokeTest && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    for (int i = 1; i < argc; ++i)
+        if (qstrcmp(argv[i], "--smoke-test") == 0 && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    QApplication::setApplicationName("Settings");
+    // The window is found as "Settings" by title and by screen readers, as the device's app is;
+    // desktops match it to its entry through the entry's name (Wayland's app id) and, on X11,
+    // WM_CLASS's instance, "pomwick-settings", which the entry names as StartupWMClass.
+    QApplication::setApplicationName(QStringLiteral("Settings"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.velquor.Pomwick"));
     std::setlocale(LC_NUMERIC, "C");
-    if (const auto refused = DeviceRoot::select(options->root)) {
-        std::fprintf(stderr, "pomwick-settings: %s\n", refused->c_str());
-        return 1;
-    }
+
+    ProgramOptions options(QStringLiteral("pomwick-settings"),
+                           QApplication::translate("main", "The settings window of Pomwick, with "
+                                                           "its live badge preview. One window "
+                                                           "per device root: a second start "
+                                                           "brings the open one forward."));
+    const QCommandLineOption stayOnList(
+        QStringLiteral("list"), QApplication::translate("main", "stay on the list of bundles"));
+    const QCommandLineOption smokeTest(
+        QStringLiteral("smoke-test"),
+        QApplication::translate("main",
+                                "load the bundle, open its page, exit 0 (or 1 when it fails)"));
+    QCommandLineOption exitAfterFirstPreview(QStringLiteral("exit-after-first-preview"));
+    exitAfterFirstPreview.setFlags(QCommandLineOption::HiddenFromHelp);
+    options.addOptions({stayOnList, smokeTest, exitAfterFirstPreview});
+    if (const auto status = options.parse(QApplication::arguments()))
+        return *status;
+    if (!options.parser().positionalArguments().isEmpty())
+        return options.usageError(QApplication::translate("main", "unexpected argument '%1'")
+                                      .arg(options.parser().positionalArguments().constFirst()));
+    if (const auto status = options.selectDeviceRoot())
+        return *status;
 
     SingleInstance instance(DeviceRoot::current());
     switch (instance.claim()) {
@@ -128,8 +96,7 @@ int main(int argc, char** argv) {
                     DeviceRoot::current().c_str());
         return 0;
     case SingleInstance::Outcome::unanswered:
-        std::fprintf(stderr, "pomwick-settings: %s\n", qPrintable(instance.problem()));
-        return 1;
+        return options.failure(instance.problem());
     case SingleInstance::Outcome::noBus:
         std::fprintf(stderr, "pomwick-settings: no D-Bus session bus; the page works, but its "
                              "preview needs the renderer on a session bus\n");
@@ -155,9 +122,13 @@ int main(int argc, char** argv) {
     const bool loaded = bundle.bundle != nullptr;
     auto* root = new SettingsListController(std::move(bundle));
     NavigationController window(root, windowSize());
-    window.setWindowTitle("Settings");
-    if (!options->stayOnList)
+    window.setWindowTitle(QApplication::translate("main", "Settings"));
+    window.setWindowIcon(QIcon::fromTheme(QStringLiteral("com.velquor.Pomwick"),
+                                          QIcon(QStringLiteral(":/com.velquor.Pomwick.svg"))));
+    if (!options.parser().isSet(stayOnList))
         root->openBundle(false);
+    if (options.parser().isSet(exitAfterFirstPreview))
+        exitOnceContentShows(*window.topViewController());
     window.show();
     QObject::connect(&instance, &SingleInstance::activationRequested, &window, [&window] {
         std::printf("pomwick-settings: brought forward by another start\n");
@@ -167,16 +138,14 @@ int main(int argc, char** argv) {
         window.activateWindow();
     });
 
-    if (options->smokeTest) {
+    if (options.parser().isSet(smokeTest)) {
         QTimer::singleShot(200, &app, [&] {
             const bool pageShown = window.viewControllers().size() == 2 &&
-                                   window.topViewController()->title() == "Pomwick";
+                                   window.topViewController()->title() == QLatin1String("Pomwick");
             std::printf("pomwick-settings: smoke test %s\n",
                         loaded && pageShown ? "passed" : "failed");
             QApplication::exit(loaded && pageShown ? 0 : 1);
         });
     }
-    if (options->exitAfterFirstPreview)
-        exitOnceAPreviewShows(window);
     return app.exec();
 }

@@ -1,10 +1,10 @@
 // pomwick-defaults: the settings from a terminal.
-#include "DevicePaths.h"
-#include "ProgramInfo.h"
+#include "ProgramOptions.h"
 #include "ToolCommand.h"
 
-#include <iostream>
-#include <optional>
+#include <QGuiApplication>
+#include <clocale>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,63 +18,67 @@ std::vector<ToolCommand> commands() {
     return all;
 }
 
-void printUsage(std::ostream& out) {
-    out << "usage: pomwick-defaults [--root DIR] COMMAND [ARGUMENTS]\n"
-           "The settings of Pomwick from a terminal.\n\ncommands:\n";
+QString commandList() {
+    QString list = QCoreApplication::translate("main", "The settings of Pomwick from a terminal.\n\n"
+                                                      "Commands:\n");
     for (const ToolCommand& command : commands()) {
-        const std::string call = command.name + " " + command.arguments;
-        out << "  " << call << std::string(call.size() < 18 ? 18 - call.size() : 1, ' ')
-            << command.summary << "\n";
+        const QString call = QString::fromStdString(command.name + " " + command.arguments);
+        list += QStringLiteral("  %1  %2\n")
+                    .arg(call, -24)
+                    .arg(QString::fromStdString(command.summary));
     }
-    out << "\noptions:\n  --root DIR        the device root\n  --help, --version\n\n"
-        << deviceRootHelp();
+    return list;
 }
 
-int usageFailure(const std::string& problem) {
-    std::cerr << "pomwick-defaults: " << problem << " (see 'pomwick-defaults --help')\n";
-    return usageError;
+// The preview draws text, which needs a GUI application (offscreen: nothing is ever shown); the
+// other commands stay a plain terminal program that needs no display session.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        if (qstrcmp(argv[i], "--root") == 0)
+            ++i;
+        else if (argv[i][0] != '-') {
+            if (qstrcmp(argv[i], "preview") != 0)
+                break;
+            if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+                qputenv("QT_QPA_PLATFORM", "offscreen");
+            return std::make_unique<QGuiApplication>(argc, argv);
+        }
+    }
+    return std::make_unique<QCoreApplication>(argc, argv);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    std::vector<std::string> arguments(argv + 1, argv + argc);
-    std::optional<std::string> root;
-    while (!arguments.empty() && arguments.front().starts_with("-")) {
-        const std::string option = arguments.front();
-        arguments.erase(arguments.begin());
-        if (option == "--help" || option == "-h") {
-            printUsage(std::cout);
-            return 0;
-        }
-        if (option == "--version") {
-            std::cout << versionLine("pomwick-defaults");
-            return 0;
-        }
-        if (option != "--root")
-            return usageFailure("unknown option '" + option + "'");
-        if (arguments.empty() || arguments.front().empty())
-            return usageFailure("--root needs a folder");
-        root = arguments.front();
-        arguments.erase(arguments.begin());
-    }
-    if (arguments.empty())
-        return usageFailure("missing command");
+    const auto application = makeApplication(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
 
-    const std::string name = arguments.front();
-    arguments.erase(arguments.begin());
+    ProgramOptions options(QStringLiteral("pomwick-defaults"), commandList());
+    options.parser().addPositionalArgument(QStringLiteral("command"),
+                                           QCoreApplication::translate("main", "what to do"),
+                                           QStringLiteral("COMMAND [ARGUMENTS]"));
+    if (const auto status = options.parse(QCoreApplication::arguments()))
+        return *status;
+    QStringList arguments = options.parser().positionalArguments();
+    if (arguments.isEmpty())
+        return options.usageError(QCoreApplication::translate("main", "missing command"));
+
+    const QString name = arguments.takeFirst();
     for (const ToolCommand& command : commands()) {
-        if (command.name != name)
+        if (QString::fromStdString(command.name) != name)
             continue;
-        if (arguments.size() < command.minimumArguments)
-            return usageFailure("'" + name + "' needs " + command.arguments);
-        if (arguments.size() > command.maximumArguments)
-            return usageFailure("too many arguments for '" + name + "'");
-        if (const auto refused = DeviceRoot::select(root)) {
-            std::cerr << "pomwick-defaults: " << *refused << "\n";
-            return operationFailed;
-        }
-        return command.run(arguments);
+        if (size_t(arguments.size()) < command.minimumArguments)
+            return options.usageError(QCoreApplication::translate("main", "'%1' needs %2")
+                                          .arg(name, QString::fromStdString(command.arguments)));
+        if (size_t(arguments.size()) > command.maximumArguments)
+            return options.usageError(
+                QCoreApplication::translate("main", "too many arguments for '%1'").arg(name));
+        std::vector<std::string> values;
+        for (const QString& argument : std::as_const(arguments))
+            values.push_back(argument.toStdString());
+        if (const auto status = options.selectDeviceRoot())
+            return *status;
+        return command.run(values);
     }
-    return usageFailure("unknown command '" + name + "'");
+    return options.usageError(QCoreApplication::translate("main", "unknown command '%1'").arg(name));
 }

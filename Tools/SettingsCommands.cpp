@@ -1,4 +1,5 @@
 #include "Settings.h"
+#include "StorableValue.h"
 #include "ToolCommand.h"
 
 #include <iostream>
@@ -9,6 +10,11 @@ namespace {
 int unknownKey(const std::string& key) {
     std::cerr << "pomwick-defaults: unknown key '" << key << "' (run 'pomwick-defaults read' "
               << "to list the keys)\n";
+    return usageError;
+}
+
+int usage(const std::string& problem) {
+    std::cerr << "pomwick-defaults: " << problem << " (see 'pomwick-defaults --help')\n";
     return usageError;
 }
 
@@ -32,10 +38,20 @@ int read(const std::vector<std::string>& arguments) {
     return 0;
 }
 
+// write [--raw] KEY VALUE: the value checked against its key, or with --raw stored as given.
 int write(const std::vector<std::string>& arguments) {
-    if (findSetting(arguments[0]) == nullptr)
-        return unknownKey(arguments[0]);
-    return reportFailure(trySetPreferencesObjectKey(arguments[1], arguments[0]));
+    const bool raw = arguments[0] == "--raw";
+    if (arguments.size() != (raw ? 3u : 2u))
+        return usage(raw ? "'write --raw' needs KEY VALUE" : "too many arguments for 'write'");
+    const std::string& key = arguments[raw ? 1 : 0];
+    const std::string& value = arguments[raw ? 2 : 1];
+    const Setting* setting = findSetting(key);
+    if (setting == nullptr)
+        return unknownKey(key);
+    if (!raw)
+        if (const auto problem = whyNotStorable(*setting, value))
+            return usage(key + ": " + *problem + " (--raw stores it as given)");
+    return reportFailure(trySetPreferencesObjectKey(value, key));
 }
 
 int remove(const std::vector<std::string>& arguments) {
@@ -53,7 +69,8 @@ int reset(const std::vector<std::string>&) {
 std::vector<ToolCommand> settingsCommands() {
     return {
         {"read", "[KEY]", "print every setting, or one, with its effective value", 0, 1, read},
-        {"write", "KEY VALUE", "store VALUE as the setting's text", 2, 2, write},
+        {"write", "[--raw] KEY VALUE",
+         "store VALUE as the setting's text, if the window could have stored it", 2, 3, write},
         {"delete", "KEY", "remove the stored setting (its default applies again)", 1, 1, remove},
         {"reset", "", "remove the settings file: every setting back to its default", 0, 0, reset},
     };

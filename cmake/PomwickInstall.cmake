@@ -1,8 +1,7 @@
 # What `cmake --install` lays down. Every installed binary finds the others through a run path
 # relative to itself ($ORIGIN), so the product works in any prefix and after the build tree is
 # gone.
-set(POMWICK_LIBRARIES PlatformCore PlatformImage PlatformMessaging PlatformWidgets SettingsStore
-    BadgeRendering FontPicker ColorPicker BadgePosition ZRProgressHUD PomwickPreferencesScreen)
+set(POMWICK_LIBRARIES PomwickPlatform)
 set(POMWICK_PROGRAMS pomwick-settings pomwick-renderer pomwick-defaults)
 
 set_target_properties(${POMWICK_LIBRARIES} PROPERTIES INSTALL_RPATH "$ORIGIN")

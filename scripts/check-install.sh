@@ -16,7 +16,7 @@ fail() { echo "check-install: $*" >&2; exit 1; }
 launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 cmake -S . -B "$tree" -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
-    -DPOMWICK_BUILD_TESTS=OFF -DPOMWICK_BUILD_BENCH=OFF "${launcher[@]}" >/dev/null
+    -DBUILD_TESTING=OFF "${launcher[@]}" >/dev/null
 cmake --build "$tree" -j "$(nproc)" >"$work/build.log" 2>&1 || { cat "$work/build.log"; fail "build failed"; }
 DESTDIR="$work/destdir" cmake --install "$tree" >/dev/null
 cmake --install "$tree" --prefix "$prefix" >/dev/null

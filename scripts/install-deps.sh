@@ -4,14 +4,14 @@
 set -euo pipefail
 
 packages=(
-    build-essential cmake ninja-build pkg-config git
+    build-essential cmake ninja-build pkg-config git clang-format
     qt6-base-dev qt6-base-dev-tools libgl-dev
     libplist-dev libplist-utils libfontconfig-dev fontconfig fonts-dejavu-core fonts-liberation2
     libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
     dbus-daemon dbus-bin dbus-x11 libglib2.0-bin
     xvfb xauth xdotool x11-utils imagemagick
     at-spi2-core python3-pyatspi
-    adwaita-icon-theme librsvg2-bin locales-all
+    libqt6svg6 locales-all
     libgmime-3.0-dev python3
     desktop-file-utils appstream
 )

@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs every test: first the release build, then the same
-# tests built with AddressSanitizer and UndefinedBehaviorSanitizer, then every fuzzer for
-# POMWICK_FUZZ_SECONDS (60) each.
+# Installs what is missing, checks the formatting, builds, and runs every test: first the release
+# build, then the same tests built with AddressSanitizer and UndefinedBehaviorSanitizer, then
+# every fuzzer for POMWICK_FUZZ_SECONDS (60) each.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-deps.sh
+echo "== format"
+git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run --Werror
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1}
 export LSAN_OPTIONS=${LSAN_OPTIONS:-suppressions=$PWD/tests/lsan.supp:print_suppressions=0}
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1}

@@ -59,6 +59,8 @@ void PomwickPreferencesViewController::handleSimpleMessageNamed(const QString& n
     badgeView->setPixmap(finalBadgeImage_.isNull() ? QPixmap()
                                                    : QPixmap::fromImage(finalBadgeImage_));
     badgeView->raise();
+    if (!finalBadgeImage_.isNull())
+        emit contentReady();
 }
 
 void PomwickPreferencesViewController::updateUI() {

@@ -6,6 +6,7 @@
 #include "MessagingCenter.h"
 #include "PomwickPreferencesViewController.h"
 #include "PreviewFiles.h"
+#include "PomwickVersion.h"
 #include "QtConversions.h"
 #include "RowGeometry.h"
 #include "SegmentedControl.h"
@@ -84,7 +85,9 @@ QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView* tab
     auto* footer = new QWidget;
     setFrame(footer, labelFrame);
     auto* label =
-        new QLabel("Crafted with care by the Pomwick developers, 2026\nPomwick v1.3.1", footer);
+        new QLabel(QStringLiteral("Crafted with care by the Pomwick developers, 2026\nPomwick v") +
+                       QLatin1String(productVersion),
+                   footer);
     setFrame(label, labelFrame);
     label->setAlignment(Qt::AlignCenter);
     label->setFont(Appearance::systemFont(13));

@@ -58,10 +58,20 @@ TEST_F(DefaultsTool, ReadOnAnEmptyRootListsTheElevenDefaultsInOrder) {
 }
 
 TEST_F(DefaultsTool, WritesReachTheGettersAndDeleteAndResetUndoThem) {
-    ASSERT_EQ(defaults({"write", "ENABLED", "0"}).status, 0);
+    ASSERT_EQ(defaults({"write", "ENABLED", "No"}).status, 0);
     ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", " @@ x "}).status, 0);
+    // The edges of each range, and a negative value that is no option.
+    ASSERT_EQ(defaults({"write", "BADGE_ALPHA", "0"}).status, 0);
+    ASSERT_EQ(defaults({"write", "BADGE_BORDER_WIDTH", "2"}).status, 0);
+    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "-1,2"}).status, 0);
+    ASSERT_EQ(defaults({"write", "BADGE_FONT_COLOR", "1,0,0.5,1"}).status, 0);
     EXPECT_FALSE(getEnabled());
     EXPECT_EQ(getBadgeTextFieldText(), " @@ x ");
+    EXPECT_EQ(getBadgeAlpha(), 0.0f);
+    EXPECT_EQ(getBadgeLocation(), (BadgeLocation{-1, 2}));
+    // As given, for people who mean it.
+    ASSERT_EQ(defaults({"write", "--raw", "BADGE_ALPHA", "-1"}).status, 0);
+    EXPECT_EQ(getBadgeAlpha(), -1.0f);
 
     ASSERT_EQ(defaults({"delete", "ENABLED"}).status, 0);
     EXPECT_TRUE(getEnabled());
@@ -71,19 +81,30 @@ TEST_F(DefaultsTool, WritesReachTheGettersAndDeleteAndResetUndoThem) {
     EXPECT_EQ(defaults({"reset"}).status, 0);
 }
 
-TEST_F(DefaultsTool, BadCommandLinesSayWhatIsWrongAndWriteNothing) {
+TEST_F(DefaultsTool, BadCommandLinesAndValuesTheWindowCouldNotStoreSayWhatIsWrongAndWriteNothing) {
     const QStringList bad[] = {
-        {"--root", dir, "write", "NOT_A_KEY", "1"},
-        {"--root", dir, "read", "NOT_A_KEY"},
-        {"--root", dir, "write", "ENABLED"},
-        {"--root", dir, "write", "ENABLED", "1", "2"},
-        {"--root", dir, "frobnicate"},
-        {"--root", dir},
-        {"--root"},
-        {"--color", "write", "ENABLED", "1"},
+        {"write", "NOT_A_KEY", "1"},
+        {"read", "NOT_A_KEY"},
+        {"write", "ENABLED"},
+        {"write", "ENABLED", "1", "2"},
+        {"write", "--raw", "ENABLED"},
+        {"frobnicate"},
+        {},
+        {"write", "ENABLED", "maybe"},
+        {"write", "BADGE_ALPHA", "-1"},
+        {"write", "BADGE_ALPHA", "1.0001"},
+        {"write", "BADGE_BORDER_WIDTH", "0.99"},
+        {"write", "BADGE_FONT_SIZE", "16.5"},
+        {"write", "BADGE_FONT_SIZE", "25"},
+        {"write", "BADGE_FONT", "No Such Face"},
+        {"write", "BADGE_FONT_COLOR", "0,0,0"},
+        {"write", "BADGE_FONT_COLOR", "0,0,0,1.5"},
+        {"write", "BADGE_LOCATION", "0.5,nan"},
+        {"write", "BADGE_LOCATION", "0.5,0.5,0"},
+        {"write", "BADGE_TEXT_FIELD_TEXT", QString(32768, 'x')},
     };
     for (const QStringList& arguments : bad) {
-        const ToolRun refused = run(arguments);
+        const ToolRun refused = defaults(arguments);
         EXPECT_EQ(refused.status, 2) << arguments.join(' ').toStdString();
         EXPECT_TRUE(refused.out.empty());
         EXPECT_NE(refused.err.find("pomwick-defaults: "), std::string::npos);

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 namespace pomwick {
 
 // Red, green, blue and alpha as stored: floats meant to lie in 0..1, never clamped here.
-struct Color {
+struct POMWICK_PLATFORM_EXPORT Color {
     float red = 0;
     float green = 0;
     float blue = 0;

@@ -77,6 +77,9 @@ std::optional<std::string> DeviceRoot::refusal(const std::filesystem::path& root
         return "there is no device root: the user has no home folder (set HOME, XDG_STATE_HOME, "
                "POMWICK_ROOT or --root)";
     const std::filesystem::path absolute = std::filesystem::absolute(root).lexically_normal();
+    std::error_code error;
+    if (std::filesystem::exists(absolute, error) && !std::filesystem::is_directory(absolute, error))
+        return "the device root " + absolute.string() + " is not a folder";
     for (std::filesystem::path folder = absolute;; folder = folder.parent_path()) {
         struct stat status {};
         if (::stat(folder.c_str(), &status) == 0) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -18,7 +20,7 @@ inline constexpr std::string_view bundleDirectory =
 inline constexpr std::string_view tmpDirectory = "/tmp/";
 } // namespace DevicePath
 
-class DeviceRoot {
+class POMWICK_PLATFORM_EXPORT DeviceRoot {
 public:
     // The root in force for this process; the per-user default until set() is called.
     static const std::filesystem::path& current();
@@ -44,6 +46,6 @@ public:
 
 // The host path of a device path under the current root. A relative device path is taken from
 // the device's "/".
-std::filesystem::path hostPath(std::string_view devicePath);
+POMWICK_PLATFORM_EXPORT std::filesystem::path hostPath(std::string_view devicePath);
 
 } // namespace pomwick

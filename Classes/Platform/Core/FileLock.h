@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <chrono>
 #include <filesystem>
 #include <optional>
@@ -11,7 +13,7 @@ namespace pomwick {
 // until destruction: it serialises the read-modify-write cycles of one file between processes.
 // Waits for the lock up to maximumWait, then gives up (a holder that long has hung). The lock
 // file is never removed: removing it would let two writers hold locks on two different files.
-class FileLock {
+class POMWICK_PLATFORM_EXPORT FileLock {
 public:
     static constexpr std::chrono::milliseconds maximumWait{2000};
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Font.h"
+#include "PomwickPlatformExport.h"
 
 #include <optional>
 #include <string>
@@ -16,7 +17,7 @@ namespace pomwick {
 // an installed face (case-insensitive), or when fontconfig's configuration substitutes it (an
 // alias such as "Helvetica" -> "Nimbus Sans", or the product's default "Verdana", which the bundle
 // maps onto a similar installed sans face). Any other name has no face.
-class FontCatalogue {
+class POMWICK_PLATFORM_EXPORT FontCatalogue {
 public:
     static const FontCatalogue& shared();
 

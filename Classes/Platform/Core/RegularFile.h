@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <cstddef>
 #include <filesystem>
 #include <optional>
@@ -14,7 +16,8 @@ namespace pomwick {
 // or the new one, whole. Nothing on failure, with the reason in `error`:
 // no_such_file_or_directory when nothing is there, invalid_argument when it is not a regular
 // file, file_too_large beyond the bound, or the system's error.
-std::optional<std::string> readRegularFile(const std::filesystem::path& path,
-                                           std::size_t maximumBytes, std::error_code& error);
+POMWICK_PLATFORM_EXPORT std::optional<std::string>
+readRegularFile(const std::filesystem::path& path, std::size_t maximumBytes,
+                std::error_code& error);
 
 } // namespace pomwick

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MainScreen.h"
+#include "PomwickPlatformExport.h"
 
 #include <QImage>
 #include <QPainter>
@@ -10,12 +11,12 @@
 namespace pomwick {
 
 // The size of an image in points: its pixels over its scale. A null image is 0 x 0.
-QSizeF pointSize(const QImage& image);
+POMWICK_PLATFORM_EXPORT QSizeF pointSize(const QImage& image);
 
 // An offscreen drawing context: a transparent image of ceil(points x scale) pixels and a painter
 // working in points with the origin at the top left. A size that is empty or not a number gives
 // an empty context, whose image() is a null image and on which nothing is drawn.
-class ImageContext {
+class POMWICK_PLATFORM_EXPORT ImageContext {
 public:
     explicit ImageContext(QSizeF points, double scale = mainScreenScale());
     ~ImageContext();

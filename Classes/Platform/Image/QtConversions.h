@@ -2,6 +2,7 @@
 
 #include "Color.h"
 #include "Font.h"
+#include "PomwickPlatformExport.h"
 
 #include <QColor>
 #include <QFont>
@@ -10,10 +11,10 @@
 namespace pomwick {
 
 // At the drawing boundary: stored components are not clamped, colors on screen are.
-QColor toQColor(const Color& color);
+POMWICK_PLATFORM_EXPORT QColor toQColor(const Color& color);
 
 // A font's size is in points, which are logical pixels here: a 16-point font has a 16-pixel em
 // whatever the screen's DPI. No font at all draws in the label's default, the system font at 17.
-QFont toQFont(const std::optional<Font>& font);
+POMWICK_PLATFORM_EXPORT QFont toQFont(const std::optional<Font>& font);
 
 } // namespace pomwick

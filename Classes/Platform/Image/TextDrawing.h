@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QColor>
 #include <QFont>
 #include <QPainter>
@@ -10,12 +12,13 @@
 namespace pomwick {
 
 // The size of one line of text: its advance width and the font's line height.
-QSizeF sizeWithAttributes(const QString& text, const QFont& font);
+POMWICK_PLATFORM_EXPORT QSizeF sizeWithAttributes(const QString& text, const QFont& font);
 
 // Draws text as a label does with its defaults: one line, natural alignment (by the text's own
 // direction), truncated at the tail with an ellipsis when too wide, centered vertically in the
 // rectangle, on a transparent background.
-void drawLabelText(QPainter& painter, const QString& text, const QFont& font, const QColor& color,
-                   const QRectF& rect);
+POMWICK_PLATFORM_EXPORT void drawLabelText(QPainter& painter, const QString& text,
+                                           const QFont& font, const QColor& color,
+                                           const QRectF& rect);
 
 } // namespace pomwick

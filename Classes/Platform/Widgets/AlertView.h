@@ -1,11 +1,13 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QString>
 
 namespace pomwick {
 
 // A non-modal alert with a title, a message and one button that dismisses it.
-class AlertView {
+class POMWICK_PLATFORM_EXPORT AlertView {
 public:
     AlertView(QString title, QString message, QString cancelButtonTitle);
     void show();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QColor>
 #include <QFont>
 #include <QRectF>
@@ -10,19 +12,19 @@ namespace pomwick::Appearance {
 
 // The look shared by the controls: a phone settings app's colors and its system font at sizes
 // given in points (logical pixels).
-QColor tint();
-QColor barBackground();
-QColor hairline();
-QColor groupedBackground();
-QColor sectionHeaderText();
-QColor selectedCellBackground();
-QFont systemFont(int points, QFont::Weight weight = QFont::Normal);
+POMWICK_PLATFORM_EXPORT QColor tint();
+POMWICK_PLATFORM_EXPORT QColor barBackground();
+POMWICK_PLATFORM_EXPORT QColor hairline();
+POMWICK_PLATFORM_EXPORT QColor groupedBackground();
+POMWICK_PLATFORM_EXPORT QColor sectionHeaderText();
+POMWICK_PLATFORM_EXPORT QColor selectedCellBackground();
+POMWICK_PLATFORM_EXPORT QFont systemFont(int points, QFont::Weight weight = QFont::Normal);
 
 // The keyboard focus as every control shows it: a tinted ring just inside the given outline.
-void drawFocusRing(QPainter& painter, const QRectF& outline, qreal radius);
+POMWICK_PLATFORM_EXPORT void drawFocusRing(QPainter& painter, const QRectF& outline, qreal radius);
 
 // The process-wide tint of segmented controls, black once the settings screen has set it.
-QColor segmentedControlTint();
-void setSegmentedControlTint(const QColor& color);
+POMWICK_PLATFORM_EXPORT QColor segmentedControlTint();
+POMWICK_PLATFORM_EXPORT void setSegmentedControlTint(const QColor& color);
 
 } // namespace pomwick::Appearance

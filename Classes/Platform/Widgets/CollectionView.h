@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
 #include "ScrollingItemView.h"
 #include "TableViewCell.h"
 
@@ -15,7 +16,7 @@ class CollectionView;
 
 // A visible cell: its background fills the item's square, a border drawn inside its edge stands
 // for the content view's layer border, and alpha dims the whole cell. The grid owns it.
-class CollectionViewCell {
+class POMWICK_PLATFORM_EXPORT CollectionViewCell {
 public:
     bool isSelected() const { return selected_; }
     void setBackgroundColor(const QColor& color) { background_ = color; }
@@ -40,7 +41,7 @@ private:
 
 // What the grid asks of its data source and tells its delegate, with the flow layout's questions
 // (one object here, not owned by the grid). The defaults are the flow layout's own.
-class CollectionViewDataSource {
+class POMWICK_PLATFORM_EXPORT CollectionViewDataSource {
 public:
     virtual ~CollectionViewDataSource() = default;
     virtual int numberOfItemsInSection(CollectionView* grid, int section) = 0;
@@ -62,7 +63,7 @@ public:
 // spacing of the line above; lines separated by the line spacing. Only visible items are asked
 // for their cells. Dragging scrolls kinetically and bounces; a tap highlights on press, selects on
 // release; the arrow keys move the focus ring and Space or Enter select. Single selection.
-class CollectionView : public ScrollingItemView {
+class POMWICK_PLATFORM_EXPORT CollectionView : public ScrollingItemView {
     Q_OBJECT
 public:
     explicit CollectionView(QWidget* parent = nullptr);

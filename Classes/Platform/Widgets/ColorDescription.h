@@ -1,12 +1,13 @@
 #pragma once
 
 #include "Color.h"
+#include "PomwickPlatformExport.h"
 
 #include <QString>
 
 namespace pomwick {
 
 // How a color is read out to assistive technology: "red 100% green 50% blue 0%".
-QString describeColor(const Color& color);
+POMWICK_PLATFORM_EXPORT QString describeColor(const Color& color);
 
 } // namespace pomwick

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QAbstractButton>
 #include <QImage>
 
@@ -7,7 +9,7 @@ namespace pomwick {
 
 // A button that is only its image, drawn at a size in points. Its accessible name is for the
 // caller to give: the image says nothing to a screen reader.
-class ImageButton : public QAbstractButton {
+class POMWICK_PLATFORM_EXPORT ImageButton : public QAbstractButton {
     Q_OBJECT
 public:
     ImageButton(const QImage& image, QSize size, QWidget* parent = nullptr);

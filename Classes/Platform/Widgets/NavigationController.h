@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
 #include "ViewController.h"
 
 #include <QLabel>
@@ -14,7 +15,7 @@ namespace pomwick {
 // button to the one below on the left, its right bar button on the right. Pushing and popping
 // tell the controllers they will and did appear or disappear, in the device's order. The window's
 // size changes reach the top controller as rotations, once the size has settled.
-class NavigationController : public QWidget {
+class POMWICK_PLATFORM_EXPORT NavigationController : public QWidget {
     Q_OBJECT
 public:
     static constexpr int barHeight = 44;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QWidget>
 #include <vector>
 
@@ -10,7 +12,7 @@ class PickerWheel;
 
 // What the picker asks of its data source and tells its delegate (one object here, not owned by
 // the picker). Rows are asked for lazily: only the rows a wheel shows are made.
-class PickerViewDataSource {
+class POMWICK_PLATFORM_EXPORT PickerViewDataSource {
 public:
     virtual ~PickerViewDataSource() = default;
     virtual int numberOfComponentsInPickerView(PickerView* picker) = 0;
@@ -31,7 +33,7 @@ public:
 // middle under a band across the picker. Wheels are dragged (kinetically, coming to rest on a
 // row), turned with the mouse wheel, tapped on a row, or moved with Up, Down, Page Up, Page Down,
 // Home and End; Tab goes from wheel to wheel. Each wheel reads as a list of named rows.
-class PickerView : public QWidget {
+class POMWICK_PLATFORM_EXPORT PickerView : public QWidget {
     Q_OBJECT
 public:
     static constexpr qreal componentSpacing = 5;

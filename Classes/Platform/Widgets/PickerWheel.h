@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
 #include "ScrollingItemView.h"
 
 #include <QPixmap>
@@ -19,7 +20,7 @@ class PickerView;
 // height, so that row r rests in the middle at position r x height. QScroller drags it and snaps
 // it to rows; a property animation turns it to a row. Rows are made, rendered and kept only while
 // they are near the middle.
-class PickerWheel : public ScrollingItemView {
+class POMWICK_PLATFORM_EXPORT PickerWheel : public ScrollingItemView {
     Q_OBJECT
     Q_PROPERTY(int position READ position WRITE setPosition)
 public:

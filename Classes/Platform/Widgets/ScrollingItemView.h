@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QListView>
 
 namespace pomwick {
@@ -8,7 +10,7 @@ namespace pomwick {
 // assistive technology as a list of named items. Scrolling is vertical, by pixel, through the
 // hidden vertical scroll bar, dragged kinetically with QScroller; nothing is selected by moving
 // the current item, only by the subclass.
-class ScrollingItemView : public QListView {
+class POMWICK_PLATFORM_EXPORT ScrollingItemView : public QListView {
     Q_OBJECT
 public:
     explicit ScrollingItemView(QWidget* parent = nullptr);

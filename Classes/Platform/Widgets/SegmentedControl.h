@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QColor>
@@ -12,7 +14,7 @@ class SegmentedControl;
 
 // One segment: the control paints all of them; a segment carries the state, the focus and the
 // accessible name.
-class Segment : public QAbstractButton {
+class POMWICK_PLATFORM_EXPORT Segment : public QAbstractButton {
     Q_OBJECT
 public:
     Segment(const QString& title, SegmentedControl* control);
@@ -29,7 +31,7 @@ protected:
 // in an exclusive group, so Tab reaches the selected segment, the arrow keys choose another and
 // screen readers read each as a radio button. valueChanged comes from the user choosing another
 // segment.
-class SegmentedControl : public QWidget {
+class POMWICK_PLATFORM_EXPORT SegmentedControl : public QWidget {
     Q_OBJECT
     Q_PROPERTY(int selectedSegmentIndex READ selectedSegmentIndex WRITE setSelectedSegmentIndex
                    NOTIFY selectedSegmentIndexChanged USER true)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QAbstractSlider>
 
 namespace pomwick {
@@ -9,7 +11,7 @@ namespace pomwick {
 // finger was still on the control (touchUpInside) or had left it (touchUpOutside). A step by
 // key or by an assistive action is a change and a release at once. Setting the value from code
 // clamps it and reports nothing but floatValueChanged.
-class Slider : public QAbstractSlider {
+class POMWICK_PLATFORM_EXPORT Slider : public QAbstractSlider {
     Q_OBJECT
     Q_PROPERTY(float floatValue READ value WRITE setValue NOTIFY floatValueChanged USER true)
 public:

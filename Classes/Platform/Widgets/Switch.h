@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QAbstractButton>
 #include <QColor>
 
@@ -8,7 +10,7 @@ namespace pomwick {
 // The on/off switch, 51 x 31 points: a checkable button, so Tab, Space and screen readers work
 // as for any check box. Its value is the button's `checked` property (toggled on every change);
 // valueChanged comes from the user's toggles only.
-class Switch : public QAbstractButton {
+class POMWICK_PLATFORM_EXPORT Switch : public QAbstractButton {
     Q_OBJECT
 public:
     static constexpr QSize size{51, 31};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
 #include "TableViewCell.h"
 #include "WeakInterface.h"
 
@@ -14,7 +15,7 @@ class TableView;
 
 // What the table asks of its data source and tells its delegate (one object here). The table
 // does not own it and holds it weakly: its owner owns the table.
-class TableViewDataSource {
+class POMWICK_PLATFORM_EXPORT TableViewDataSource {
 public:
     virtual ~TableViewDataSource() = default;
     virtual int numberOfSectionsInTableView(TableView* table) = 0;
@@ -29,7 +30,7 @@ public:
 // rows with hairline separators, and an optional footer view. Every reload asks the data source
 // for the number of sections once and for each section's rows once, and builds every cell anew;
 // the focus stays on the same control of the same row, and the scroll position where it was.
-class TableView : public QScrollArea {
+class POMWICK_PLATFORM_EXPORT TableView : public QScrollArea {
     Q_OBJECT
 public:
     enum class ScrollPosition { Top, Bottom };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QAbstractButton>
 #include <QImage>
 #include <QLabel>
@@ -9,7 +11,7 @@
 
 namespace pomwick {
 
-struct IndexPath {
+struct POMWICK_PLATFORM_EXPORT IndexPath {
     int section = 0;
     int row = 0;
     friend bool operator==(const IndexPath&, const IndexPath&) = default;
@@ -19,7 +21,7 @@ struct IndexPath {
 // the screen adds are placed at frames it computes from the cell's size, which the table gives
 // every cell when it is made: its width and the row height of 44 points. A row is a button: a
 // tap, Space or Return on it is a click, and a row that can be selected takes the focus by Tab.
-class TableViewCell : public QAbstractButton {
+class POMWICK_PLATFORM_EXPORT TableViewCell : public QAbstractButton {
     Q_OBJECT
 public:
     enum class SelectionStyle { None, Default };

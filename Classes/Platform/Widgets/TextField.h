@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
 #include "WeakInterface.h"
 
 #include <QLineEdit>
@@ -11,14 +12,14 @@ namespace pomwick {
 class TextField;
 
 // A range of the text in UTF-16 code units, as the device counts them.
-struct TextRange {
+struct POMWICK_PLATFORM_EXPORT TextRange {
     int location = 0;
     int length = 0;
     friend bool operator==(const TextRange&, const TextRange&) = default;
 };
 
 // What a text field asks and tells the object that edits through it. The field does not own it.
-class TextFieldDelegate {
+class POMWICK_PLATFORM_EXPORT TextFieldDelegate {
 public:
     virtual ~TextFieldDelegate() = default;
     // When the field takes the focus to edit, not when it gets it back from another window.
@@ -33,7 +34,7 @@ public:
 
 // A one-line text field with a clear background, a placeholder and an optional view on its
 // right, that asks its delegate about each edit before it is shown. The delegate is held weakly.
-class TextField : public QLineEdit {
+class POMWICK_PLATFORM_EXPORT TextField : public QLineEdit {
     Q_OBJECT
 public:
     explicit TextField(QWidget* parent = nullptr);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -12,14 +14,14 @@ namespace pomwick {
 class NavigationController;
 
 // A bar button: a title and the action it runs when clicked.
-struct BarButtonItem {
+struct POMWICK_PLATFORM_EXPORT BarButtonItem {
     QString title;
     std::function<void()> action;
 };
 
 // Owns one screen's view, built on first use by viewDidLoad(), and hears when the navigation
 // stack shows and hides it. The window's size changes reach it as rotations.
-class ViewController : public QObject {
+class POMWICK_PLATFORM_EXPORT ViewController : public QObject {
     Q_OBJECT
 public:
     ViewController();
@@ -50,6 +52,8 @@ public:
 
 signals:
     void navigationItemChanged();
+    // The page shows everything it has to show (for a page with a live preview: the preview).
+    void contentReady();
 
 private:
     friend class NavigationController;

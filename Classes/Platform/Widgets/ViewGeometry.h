@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PomwickPlatformExport.h"
+
 #include <QRectF>
 #include <QWidget>
 
@@ -7,22 +9,22 @@ namespace pomwick {
 
 // A view's frame as the screen computes it, fractions included (3 x 60.5 = 181.5); the widget is
 // placed at the rounded rectangle. Values that are not finite are placed at 0.
-void setFrame(QWidget* view, const QRectF& frame);
-QRectF frame(const QWidget* view);
-QRectF bounds(const QWidget* view);
+POMWICK_PLATFORM_EXPORT void setFrame(QWidget* view, const QRectF& frame);
+POMWICK_PLATFORM_EXPORT QRectF frame(const QWidget* view);
+POMWICK_PLATFORM_EXPORT QRectF bounds(const QWidget* view);
 
 // Tags: an integer a view carries; viewWithTag finds the first child with it, in children order.
-void setTag(QWidget* view, int tag);
-int tag(const QWidget* view);
-QWidget* viewWithTag(const QWidget* parent, int tag);
+POMWICK_PLATFORM_EXPORT void setTag(QWidget* view, int tag);
+POMWICK_PLATFORM_EXPORT int tag(const QWidget* view);
+POMWICK_PLATFORM_EXPORT QWidget* viewWithTag(const QWidget* parent, int tag);
 
 // Opacity of the view and everything in it; 1 removes the effect.
-void setAlpha(QWidget* view, qreal alpha);
-qreal alpha(const QWidget* view);
+POMWICK_PLATFORM_EXPORT void setAlpha(QWidget* view, qreal alpha);
+POMWICK_PLATFORM_EXPORT qreal alpha(const QWidget* view);
 
-void setBackgroundColor(QWidget* view, const QColor& color);
+POMWICK_PLATFORM_EXPORT void setBackgroundColor(QWidget* view, const QColor& color);
 // The color of a label's or a field's text.
-void setTextColor(QWidget* view, const QColor& color);
-QColor textColor(const QWidget* view);
+POMWICK_PLATFORM_EXPORT void setTextColor(QWidget* view, const QColor& color);
+POMWICK_PLATFORM_EXPORT QColor textColor(const QWidget* view);
 
 } // namespace pomwick
