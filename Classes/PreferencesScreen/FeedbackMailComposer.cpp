@@ -114,6 +114,9 @@ void FeedbackMailComposer::buildSheet() {
     busyIndicator_->setAccessibleName(tr("Sending"));
     busyIndicator_->setStyleSheet("QProgressBar { border: none; background: transparent; }"
                                   "QProgressBar::chunk { background: #007aff; }");
+    QSizePolicy keepsItsPlace = busyIndicator_->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true); // the fields do not move when it shows
+    busyIndicator_->setSizePolicy(keepsItsPlace);
     busyIndicator_->hide();
     column->addWidget(busyIndicator_);
     column->addWidget(hairline(sheet_));
