@@ -112,9 +112,11 @@ QByteArray composeMailMessage(const MailDraft& draft) {
     initialiseGMimeOnce();
     GObjectPtr<GMimeMessage> message(g_mime_message_new(TRUE));
 
-    // The habit of Unix mail programs; without it the transport knows the sender best.
+    // The habit of Unix mail programs, one mailbox; without it the transport knows the sender
+    // best.
     if (const ParsedAddresses from = parseAddresses(qEnvironmentVariable("EMAIL"));
-        from.deliverable)
+        from.deliverable && internet_address_list_length(from.list.get()) == 1 &&
+        INTERNET_ADDRESS_IS_MAILBOX(internet_address_list_get_address(from.list.get(), 0)))
         internet_address_list_append(
             g_mime_message_get_addresses(message.get(), GMIME_ADDRESS_TYPE_FROM), from.list.get());
     // A draft keeps whatever the parser makes of the field; only a deliverable one is sent.
