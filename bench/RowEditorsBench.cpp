@@ -1,8 +1,12 @@
 // One drag step of the position editor and one frame of the font sheet's slide, each with the
-// repaint it causes.
+// repaint it causes; and the palette the colour grids read, at 3,300 and 33,000 colours (it must
+// grow linearly).
+#include "AtomicFile.h"
 #include "BadgePositionViewController.h"
 #include "BundleInstallation.h"
+#include "ColorPalette.h"
 #include "PomwickPreferencesViewController.h"
+#include "PreviewFiles.h"
 #include "PrivateSessionBus.h"
 #include "TemporaryDeviceRoot.h"
 #include "ViewGeometry.h"
@@ -11,6 +15,7 @@
 #include <QGraphicsOpacityEffect>
 #include <QMouseEvent>
 #include <benchmark/benchmark.h>
+#include <cstdio>
 
 using namespace pomwick;
 
@@ -70,7 +75,28 @@ void FontSheetSlideFrame(benchmark::State& state) {
     }
 }
 
+void PaletteRead(benchmark::State& state) {
+    test::TemporaryDeviceRoot root;
+    installBundleIntoDeviceRoot();
+    std::string palette = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">"
+                          "<dict><key>colors</key><array>";
+    char entry[64];
+    for (int64_t color = 0; color < state.range(0); ++color) {
+        std::snprintf(entry, sizeof entry, "<dict><key>hash</key><string>#%06X</string></dict>",
+                      unsigned(color * 509) & 0xFFFFFFu);
+        palette += entry;
+    }
+    palette += "</array></dict></plist>\n";
+    writeFileAtomically(bundleFile(PreviewFile::palette), palette);
+    for (auto _ : state) {
+        const std::vector<Color> colors = loadColorPalette();
+        if (colors.size() != size_t(state.range(0)))
+            state.SkipWithError("the palette was not read whole");
+    }
+}
+
 BENCHMARK(PositionEditorDragStep)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
 BENCHMARK(FontSheetSlideFrame)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
+BENCHMARK(PaletteRead)->Arg(3300)->Arg(33000)->Unit(benchmark::kMillisecond)->MinTime(1.0);
 
 } // namespace

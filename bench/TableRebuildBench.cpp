@@ -1,5 +1,7 @@
-// A full rebuild of the settings table: 4 sections, 14 cells, every getter read afresh.
+// A full rebuild of the settings table: 4 sections, 14 cells, every getter read afresh; and the
+// whole page built with a pathological badge text.
 #include "BundleInstallation.h"
+#include "MessageNames.h"
 #include "PomwickPreferencesViewController.h"
 #include "PrivateSessionBus.h"
 #include "Settings.h"
@@ -31,5 +33,32 @@ void TableRebuild(benchmark::State& state) {
 }
 
 BENCHMARK(TableRebuild)->Unit(benchmark::kMicrosecond)->MinTime(2.0);
+
+// The page built, its preview composed and its first frame painted, with a badge text of one
+// letter under 100,000 combining marks: one character to the eye, and text that a layout engine
+// shapes as a single cluster.
+void PageWithCombiningMarkText(benchmark::State& state) {
+    test::PrivateSessionBus::address();
+    test::TemporaryDeviceRoot root;
+    installBundleIntoDeviceRoot();
+    std::string text = "a";
+    for (int64_t mark = 0; mark < state.range(0); ++mark)
+        text += "\u0301";
+    setPreferencesObjectKey(text, SettingsKey::badgeTextFieldText);
+    for (auto _ : state) {
+        PomwickPreferencesViewController screen;
+        screen.setInitialViewSize(QSize(414, 772));
+        screen.view()->show();
+        screen.handleSimpleMessageNamed(MessageName::badgeSavedToTmp);
+        QCoreApplication::sendPostedEvents();
+        screen.view()->repaint();
+    }
+}
+
+BENCHMARK(PageWithCombiningMarkText)
+    ->Arg(0)
+    ->Arg(100000)
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(1.0);
 
 } // namespace

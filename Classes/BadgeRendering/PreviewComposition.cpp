@@ -1,6 +1,7 @@
 #include "PreviewComposition.h"
 
 #include "BadgeImagePrimitives.h"
+#include "DisplayedText.h"
 #include "ImageContext.h"
 #include "PreviewFiles.h"
 #include "Settings.h"
@@ -26,7 +27,9 @@ QImage composedBadge() {
 
 QString previewBadgeText() {
     const QString stored = QString::fromStdString(getBadgeTextFieldText());
-    return stored.isEmpty() ? QStringLiteral("1") : QString(stored).replace('@', '1');
+    return stored.isEmpty() ? QStringLiteral("1")
+                            : stored.left(qsizetype(displayedLength(QStringView(stored).utf16())))
+                                  .replace('@', '1');
 }
 
 PreviewBadge composePreviewBadge(const QRectF& iconFrame, float iconSize) {

@@ -13,7 +13,8 @@ struct PreviewBadge {
     std::optional<QRectF> frame; // nothing: the badge view keeps the frame it had
 };
 
-// The text the preview badge shows: the stored text with "@" as 1, or 1 when none is stored.
+// The text the preview badge shows: the start of the stored text that a view shows, with "@" as
+// 1, or 1 when none is stored.
 QString previewBadgeText();
 
 // Composes the preview badge from the settings, the renderer's background file and the sample

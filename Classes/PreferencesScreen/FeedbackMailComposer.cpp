@@ -1,12 +1,14 @@
 #include "FeedbackMailComposer.h"
 
 #include "Appearance.h"
+#include "DraftMenu.h"
+#include "MailDrafts.h"
 #include "NoticeLabel.h"
 #include "SendmailDelivery.h"
 #include "ViewGeometry.h"
 
 #include <QBoxLayout>
-#include <QDateTime>
+#include <QDebug>
 #include <QDir>
 #include <QEvent>
 #include <QLabel>
@@ -15,16 +17,17 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPropertyAnimation>
 #include <QPushButton>
-#include <QSaveFile>
-#include <QStandardPaths>
 
 namespace pomwick {
 namespace {
 
 constexpr int sheetRadius = 10;
 constexpr int presentMilliseconds = 300;
+const char* const fieldStyle = "QLineEdit { background: transparent; color: black; }";
+const char* const markedFieldStyle = "QLineEdit { background: transparent; color: #ff3b30; }";
 
 QWidget* hairline(QWidget* parent) {
     auto* line = new QWidget(parent);
@@ -60,7 +63,7 @@ QLineEdit* headerField(const QString& caption, QVBoxLayout* column, QWidget* par
     field->setFrame(false);
     field->setFont(Appearance::systemFont(15));
     field->setAccessibleName(caption.chopped(1));
-    field->setStyleSheet("QLineEdit { background: transparent; color: black; }");
+    field->setStyleSheet(fieldStyle);
     label->setBuddy(field);
     row->addWidget(label);
     row->addWidget(field, 1);
@@ -73,11 +76,6 @@ QLineEdit* headerField(const QString& caption, QVBoxLayout* column, QWidget* par
 
 bool FeedbackMailComposer::canSendMail() {
     return SendmailDelivery::program().has_value();
-}
-
-QString FeedbackMailComposer::draftsFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           "/pomwick/Drafts";
 }
 
 FeedbackMailComposer::FeedbackMailComposer() : QDialog(nullptr, Qt::Widget) {
@@ -108,6 +106,19 @@ void FeedbackMailComposer::buildSheet() {
     bar->addWidget(titleLabel_, 1);
     bar->addWidget(sendButton_);
     column->addLayout(bar);
+    // A thin busy bar along the bar's edge, as a mail program shows while it sends.
+    busyIndicator_ = new QProgressBar(sheet_);
+    busyIndicator_->setRange(0, 0);
+    busyIndicator_->setTextVisible(false);
+    busyIndicator_->setFixedHeight(3);
+    busyIndicator_->setAccessibleName(tr("Sending"));
+    busyIndicator_->setStyleSheet("QProgressBar { border: none; background: transparent; }"
+                                  "QProgressBar::chunk { background: #007aff; }");
+    QSizePolicy keepsItsPlace = busyIndicator_->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true); // the fields do not move when it shows
+    busyIndicator_->setSizePolicy(keepsItsPlace);
+    busyIndicator_->hide();
+    column->addWidget(busyIndicator_);
     column->addWidget(hairline(sheet_));
 
     toField_ = headerField("To:", column, sheet_);
@@ -132,6 +143,8 @@ void FeedbackMailComposer::buildSheet() {
     connect(subjectField_, &QLineEdit::textChanged, this, [this](const QString& subject) {
         titleLabel_->setText(subject.isEmpty() ? "New Message" : subject);
     });
+    connect(toField_, &QLineEdit::textChanged, this, &FeedbackMailComposer::checkRecipients);
+    checkRecipients();
     connect(sendButton_, &QPushButton::clicked, this, &FeedbackMailComposer::send);
     connect(cancelButton_, &QPushButton::clicked, this, &FeedbackMailComposer::cancel);
     setTabOrder(cancelButton_, toField_);
@@ -155,10 +168,18 @@ void FeedbackMailComposer::setToRecipients(const QStringList& recipients) {
 }
 
 MailDraft FeedbackMailComposer::draft() const {
-    QStringList recipients;
-    for (const QString& each : toField_->text().split(',', Qt::SkipEmptyParts))
-        recipients << each.trimmed();
-    return {recipients, subjectField_->text(), bodyField_->toPlainText()};
+    return {toField_->text(), subjectField_->text(), bodyField_->toPlainText()};
+}
+
+// Send only for addresses that all can be delivered to; text that is no address is marked.
+void FeedbackMailComposer::checkRecipients() {
+    const bool valid = isDeliverableRecipientList(toField_->text());
+    sendButton_->setEnabled(valid && delivery_ == nullptr);
+    const bool marked = !valid && !toField_->text().trimmed().isEmpty();
+    if (marked == toField_->accessibleDescription().isEmpty()) {
+        toField_->setStyleSheet(marked ? markedFieldStyle : fieldStyle);
+        toField_->setAccessibleDescription(marked ? tr("Not a valid address") : QString());
+    }
 }
 
 QString FeedbackMailComposer::statusText() const {
@@ -244,32 +265,52 @@ void FeedbackMailComposer::setBusy(bool busy, const QString& status) {
     for (QWidget* control : std::initializer_list<QWidget*>{sendButton_, cancelButton_, toField_,
                                                             subjectField_, bodyField_})
         control->setEnabled(!busy);
+    busyIndicator_->setVisible(busy);
     statusLabel_->setText(status);
     statusLabel_->setVisible(!status.isEmpty());
+    if (!busy)
+        checkRecipients();
 }
 
 void FeedbackMailComposer::send() {
-    if (finished_ || delivery_ != nullptr)
+    if (finished_ || delivery_ != nullptr || !isDeliverableRecipientList(toField_->text()))
         return;
-    setBusy(true, "Sending…");
     delivery_ = new SendmailDelivery(this);
+    setBusy(true, {});
     delivery_->setTimeout(sendTimeout_);
     connect(delivery_, &SendmailDelivery::finished, this, [this](const QString& error) {
-        setBusy(false, error);
-        finishWith(error.isEmpty() ? MailComposeResultSent : MailComposeResultFailed, error);
+        if (!error.isEmpty()) {
+            reportFailedSend(error);
+            return;
+        }
+        setBusy(false, {});
+        finishWith(MailComposeResultSent);
     });
     delivery_->send(composeMailMessage(draft()));
+}
+
+// The notice only says that sending failed; what was typed is kept as a draft, and the reason
+// goes to the log, before the sheet closes.
+void FeedbackMailComposer::reportFailedSend(const QString& error) {
+    const SavedDraft kept = saveMailDraft(composeMailMessage(draft()));
+    const QString report = kept.error.isEmpty()
+                               ? tr("%1; the message was kept in %2").arg(error, kept.path)
+                               : tr("%1; the message could not be kept: %2").arg(error, kept.error);
+    qWarning().noquote() << "pomwick: the feedback mail was not sent:" << report;
+    setBusy(false, report);
+    finishWith(MailComposeResultFailed, report);
 }
 
 void FeedbackMailComposer::cancel() {
     if (finished_ || delivery_ != nullptr || draftMenu_)
         return;
-    draftMenu_ = new QMenu(this);
-    draftMenu_->setAttribute(Qt::WA_DeleteOnClose);
-    draftMenu_->setAccessibleName("Draft");
-    draftMenu_->addAction("Delete Draft", this, &FeedbackMailComposer::deleteDraft);
-    draftMenu_->addAction("Save Draft", this, &FeedbackMailComposer::saveDraft);
-    draftMenu_->popup(cancelButton_->mapToGlobal(cancelButton_->rect().bottomLeft()));
+    auto* menu = new DraftMenu(this);
+    menu->setAccessibleName("Draft");
+    menu->addAction("Save Draft", this, &FeedbackMailComposer::saveDraft);
+    connect(menu->addDestructiveAction("Delete Draft"), &QAction::triggered, this,
+            &FeedbackMailComposer::deleteDraft);
+    draftMenu_ = menu;
+    menu->popup(cancelButton_->mapToGlobal(cancelButton_->rect().bottomLeft()));
 }
 
 void FeedbackMailComposer::deleteDraft() {
@@ -279,21 +320,14 @@ void FeedbackMailComposer::deleteDraft() {
 void FeedbackMailComposer::saveDraft() {
     if (finished_)
         return;
-    const QDir folder(draftsFolder());
-    const QString stem = "feedback-" + QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss");
-    QString path = folder.filePath(stem + ".eml");
-    for (int copy = 2; QFile::exists(path); ++copy)
-        path = folder.filePath(QString("%1-%2.eml").arg(stem).arg(copy));
-    QSaveFile file(path);
-    const bool saved = folder.mkpath(".") && file.open(QIODevice::WriteOnly) &&
-                       file.write(composeMailMessage(draft())) >= 0 && file.commit();
-    if (!saved) {
-        const QString error = "The draft could not be saved in " + folder.path();
-        setBusy(false, error);
-        finishWith(MailComposeResultFailed, error);
+    const SavedDraft saved = saveMailDraft(composeMailMessage(draft()));
+    if (!saved.error.isEmpty()) {
+        qWarning().noquote() << "pomwick:" << saved.error;
+        setBusy(false, saved.error);
+        finishWith(MailComposeResultFailed, saved.error);
         return;
     }
-    setBusy(false, "Draft saved to " + QDir::toNativeSeparators(path));
+    setBusy(false, tr("Draft saved to %1").arg(QDir::toNativeSeparators(saved.path)));
     finishWith(MailComposeResultSaved);
 }
 

@@ -12,6 +12,7 @@
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
+class QProgressBar;
 class QPushButton;
 
 namespace pomwick {
@@ -43,9 +44,9 @@ Q_DECLARE_INTERFACE(pomwick::MailComposeDelegate, "com.velquor.pomwick.MailCompo
 namespace pomwick {
 
 // The in-app mail composer: a page sheet sliding up over the window with To, Subject and a plain
-// text body, Send, and Cancel offering to delete or save the draft. Sending goes through the
-// system's sendmail without blocking the window; a saved draft becomes an .eml file in the user's
-// data folder.
+// text body, Send (only while To holds valid addresses), and Cancel offering to save or delete
+// the draft. Sending goes through the system's sendmail without blocking the window; a saved
+// draft, or a message that could not be sent, becomes an .eml file in the drafts folder.
 class FeedbackMailComposer : public QDialog {
     Q_OBJECT
     Q_PROPERTY(qreal presentation READ presentation WRITE setPresentation)
@@ -54,8 +55,6 @@ public:
 
     // Whether mail can be sent at all: a sendmail program is installed.
     static bool canSendMail();
-    // Where saved drafts go: $XDG_DATA_HOME/pomwick/Drafts.
-    static QString draftsFolder();
 
     FeedbackMailComposer();
     ~FeedbackMailComposer() override;
@@ -78,7 +77,9 @@ public:
     QString statusText() const;
     QPushButton* sendButton() const { return sendButton_; }
     QPushButton* cancelButton() const { return cancelButton_; }
-    // The Delete Draft / Save Draft choice Cancel opens, or null while it is not open.
+    // Shown in the bar while the mail transport has the message.
+    QProgressBar* busyIndicator() const { return busyIndicator_; }
+    // The Save Draft / Delete Draft choice Cancel opens, or null while it is not open.
     QMenu* draftMenu() const { return draftMenu_; }
 
     qreal presentation() const { return presentation_; }
@@ -99,6 +100,8 @@ private:
     QRect sheetGeometry() const;
     void finishWith(MailComposeResult result, const QString& error = {});
     void setBusy(bool busy, const QString& status);
+    void checkRecipients();
+    void reportFailedSend(const QString& error);
 
     QPointer<QObject> delegate_;
     int presentationStyle_ = 0;
@@ -109,6 +112,7 @@ private:
     QLineEdit* subjectField_ = nullptr;
     QPlainTextEdit* bodyField_ = nullptr;
     QLabel* statusLabel_ = nullptr;
+    QProgressBar* busyIndicator_ = nullptr;
     QPushButton* sendButton_ = nullptr;
     QPushButton* cancelButton_ = nullptr;
     QPointer<QMenu> draftMenu_;

@@ -112,7 +112,7 @@ bool PomwickPreferencesViewController::shouldChangeCharactersInRange(TextField* 
 }
 
 bool PomwickPreferencesViewController::textFieldShouldReturn(TextField* field) {
-    storeBadgeText(trimmedOfSpacesAndTabs(field->text()));
+    storeBadgeText(trimmedOfSpacesAndTabs(field->acceptedText()));
     field->resignFirstResponder();
     mainTableView_->scrollToRowAtIndexPath(textRow, TableView::ScrollPosition::Bottom, true);
     reloadTableData();

@@ -157,9 +157,12 @@ std::vector<std::string> PlistDictionary::stringsInFirstArray(std::string_view f
     std::free(iterator);
     if (first == nullptr || plist_get_node_type(first) != PLIST_ARRAY)
         return found;
-    const uint32_t count = plist_array_get_size(first);
-    for (uint32_t i = 0; i < count; ++i) {
-        const plist_t entry = plist_array_get_item(first, i);
+    // By the iterator: libplist 2.2 finds an item by its index walking from the array's start.
+    plist_array_iter entries = nullptr;
+    plist_array_new_iter(first, &entries);
+    plist_t entry = nullptr;
+    for (plist_array_next_item(first, entries, &entry); entry != nullptr;
+         plist_array_next_item(first, entries, &entry)) {
         if (plist_get_node_type(entry) != PLIST_DICT)
             continue;
         const plist_t value = plist_dict_get_item(entry, std::string(field).c_str());
@@ -170,6 +173,7 @@ std::vector<std::string> PlistDictionary::stringsInFirstArray(std::string_view f
         found.emplace_back(text != nullptr ? text : "");
         std::free(text);
     }
+    std::free(entries);
     return found;
 }
 

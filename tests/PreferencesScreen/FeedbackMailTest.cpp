@@ -1,6 +1,8 @@
 // The "Contact Us" row end to end: the composer, the message a recording sendmail receives (read
 // back with Python's email package), and the notice that reports the result.
 #include "FeedbackMailComposer.h"
+#include "MailDrafts.h"
+#include "MailMessage.h"
 #include "PreviewFiles.h"
 #include "ScreenFixture.h"
 #include "ZRProgressHUD.h"
@@ -14,9 +16,14 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <csignal>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace pomwick::test {
 namespace {
@@ -30,12 +37,16 @@ protected:
         ScreenFixture::SetUp();
         savedPath_ = qgetenv("PATH");
         savedDataHome_ = qgetenv("XDG_DATA_HOME");
+        savedEmail_ = qgetenv("EMAIL");
         qputenv("XDG_DATA_HOME", dir_.filePath("data").toLocal8Bit());
+        qunsetenv("EMAIL");
         open();
     }
     void TearDown() override {
         qputenv("PATH", savedPath_);
         qputenv("XDG_DATA_HOME", savedDataHome_);
+        if (!savedEmail_.isNull())
+            qputenv("EMAIL", savedEmail_);
         ScreenFixture::TearDown();
     }
 
@@ -89,10 +100,30 @@ protected:
         return QJsonDocument::fromJson(python.readAllStandardOutput()).object();
     }
 
+    // The drafts saved so far, as read back, oldest name first; every file there counts.
+    QList<QJsonObject> drafts() {
+        QList<QJsonObject> read;
+        const QDir folder(draftsFolder());
+        for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden, QDir::Name)) {
+            EXPECT_TRUE(name.endsWith(".eml")) << name.toStdString();
+            QFile::remove(dir_.filePath("message.eml"));
+            QFile::copy(folder.filePath(name), dir_.filePath("message.eml"));
+            read << readMessage();
+        }
+        return read;
+    }
+
     QTemporaryDir dir_;
     QByteArray savedPath_;
     QByteArray savedDataHome_;
+    QByteArray savedEmail_;
 };
+
+mode_t modeOf(const QString& path) {
+    struct stat status {};
+    EXPECT_EQ(::stat(QFile::encodeName(path).constData(), &status), 0);
+    return status.st_mode & 07777;
+}
 
 TEST_F(MailFixture, SendsTheFeedbackThroughSendmailIntactAndSaysSo) {
     installSendmail("exit 0");
@@ -119,7 +150,7 @@ TEST_F(MailFixture, SendsTheFeedbackThroughSendmailIntactAndSaysSo) {
     EXPECT_EQ(message["body"].toString().toStdString(),
               ("Sent from Pomwick Tweak\n" + typed).toStdString());
     EXPECT_EQ(message["to"].toArray(), QJsonArray{"feedback@velquor.com"});
-    EXPECT_EQ(message["from"].toArray().size(), 1);
+    EXPECT_EQ(message["from"].toArray(), QJsonArray{}); // without $EMAIL, the transport's to add
     EXPECT_TRUE(message["date_has_zone"].toBool());
     EXPECT_TRUE(message["message_id"].toBool());
     EXPECT_EQ(message["content_type"].toString(), "text/plain");
@@ -129,16 +160,56 @@ TEST_F(MailFixture, SendsTheFeedbackThroughSendmailIntactAndSaysSo) {
     QTRY_VERIFY_WITH_TIMEOUT(screen->view()->findChild<FeedbackMailComposer*>() == nullptr, 10000);
 }
 
+// Every address typed is sent to, or none: commas and semicolons, groups, display names in any
+// script (as encoded words, the domain in IDNA), and From from $EMAIL.
+TEST_F(MailFixture, SendsToEveryAddressTypedOrRefuses) {
+    for (const char* refused : {"", "  ", "feedback", "a@x, garbage", "a@x <b@y>", "Team:;",
+                                "üser@example.com", "a@x\nBcc: b@y", "a@", "<@x>"})
+        EXPECT_FALSE(isDeliverableRecipientList(QString::fromUtf8(refused))) << refused;
+    for (const char* taken : {"a@x;b@y", "Team: a@x, b@y;", "\"Doe; J\" <j@d.com>", "a@x (b@y)"})
+        EXPECT_TRUE(isDeliverableRecipientList(QString::fromUtf8(taken))) << taken;
+
+    installSendmail("exit 0");
+    qputenv("EMAIL", "Dev Tester <dev@example.org>");
+    FeedbackMailComposer* composer = openComposer();
+    QLineEdit* to = composer->findChildren<QLineEdit*>()[0];
+    to->clear();
+    EXPECT_FALSE(composer->sendButton()->isEnabled());
+    EXPECT_TRUE(to->accessibleDescription().isEmpty()); // empty is not wrong, only unsendable
+    composer->send();
+    EXPECT_FALSE(composer->busyIndicator()->isVisibleTo(composer));
+    QTest::keyClicks(to, "a@x, b@y c");
+    EXPECT_FALSE(composer->sendButton()->isEnabled());
+    EXPECT_FALSE(to->accessibleDescription().isEmpty());
+    to->setText(QString::fromUtf8("a@x, b@y; c@z, Ünïcode <user@exämple.com>"));
+    EXPECT_TRUE(to->accessibleDescription().isEmpty());
+    QTest::mouseClick(composer->sendButton(), Qt::LeftButton);
+    expectNotice("Message Sent!", "HUD_completed.png");
+    const QJsonObject message = readMessage();
+    EXPECT_EQ(message["to"].toArray(),
+              (QJsonArray{"a@x", "b@y", "c@z", "user@xn--exmple-cua.com"}));
+    EXPECT_EQ(message["to_names"].toArray().last().toString(), QString::fromUtf8("Ünïcode"));
+    EXPECT_TRUE(message["seven_bit"].toBool());
+    EXPECT_EQ(message["from"].toArray(), QJsonArray{"dev@example.org"});
+}
+
 // A transport that refuses, fails for now, or never answers: the user sees only the error.
 class MailFailures : public MailFixture, public testing::WithParamInterface<const char*> {};
 
-TEST_P(MailFailures, ShowTheErrorNotice) {
+TEST_P(MailFailures, ShowTheErrorNoticeAndKeepTheMessageAsADraft) {
     installSendmail(GetParam());
     FeedbackMailComposer* composer = openComposer();
+    composer->findChild<QPlainTextEdit*>()->appendPlainText("Words worth keeping");
     composer->setSendTimeout(300ms);
     composer->send();
-    EXPECT_EQ(composer->statusText(), "Sending…");
+    EXPECT_TRUE(composer->busyIndicator()->isVisibleTo(composer));
+    EXPECT_FALSE(composer->sendButton()->isEnabled());
     expectNotice("An Error Occurred!", "HUD_error.png");
+    const QList<QJsonObject> kept = drafts();
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_THAT(kept[0]["body"].toString().toStdString(),
+                testing::StartsWith("Sent from Pomwick Tweak\nWords worth keeping"));
+    EXPECT_EQ(kept[0]["to"].toArray(), QJsonArray{"feedback@velquor.com"});
 }
 
 INSTANTIATE_TEST_SUITE_P(Sendmail, MailFailures, testing::Values("exit 1", "exec sleep 60"));
@@ -151,35 +222,71 @@ TEST_F(MailFixture, WithoutAMailTransportSaysOopsAndOpensNothing) {
     expectAlert("Oops!", "Your device cannot send emails!");
 }
 
-TEST_F(MailFixture, CancelDeletesOrSavesTheDraft) {
+// Cancel offers Save Draft first and Delete Draft; Escape goes back to the message as it was.
+// Drafts are private whatever the umask, and a second one in the same second is a second file.
+TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
     installSendmail("exit 0");
     FeedbackMailComposer* composer = openComposer();
+    auto* body = composer->findChild<QPlainTextEdit*>();
     QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
     ASSERT_NE(composer->draftMenu(), nullptr);
     QStringList choices;
     for (QAction* action : composer->draftMenu()->actions())
         choices << action->text();
-    EXPECT_EQ(choices, (QStringList{"Delete Draft", "Save Draft"}));
-    composer->draftMenu()->actions()[0]->trigger();
+    EXPECT_EQ(choices, (QStringList{"Save Draft", "Delete Draft"}));
+    QTest::keyClick(composer->draftMenu(), Qt::Key_Escape);
+    QTRY_VERIFY_WITH_TIMEOUT(composer->draftMenu() == nullptr, 5000);
+    ASSERT_EQ(composer->draftMenu(), nullptr);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(notice(), nullptr);
+    EXPECT_EQ(screen->view()->findChild<FeedbackMailComposer*>(), composer);
+    EXPECT_EQ(body->toPlainText(), "Sent from Pomwick Tweak");
+
+    QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
+    ASSERT_NE(composer->draftMenu(), nullptr);
+    composer->draftMenu()->actions()[1]->trigger();
     expectNotice("", nullptr);
     EXPECT_FALSE(QFile::exists(dir_.filePath("message.eml")));
 
-    ZRProgressHUD::hideAllHUDsForView(screen->view(), false);
-    composer = openComposer();
-    composer->saveDraft();
-    expectNotice("Message Saved!", "HUD_completed.png");
-    const QStringList drafts = QDir(FeedbackMailComposer::draftsFolder()).entryList({"*.eml"});
-    ASSERT_EQ(drafts.size(), 1);
-    EXPECT_TRUE(composer->statusText().endsWith(drafts[0])) << composer->statusText().toStdString();
-    QFile::copy(QDir(FeedbackMailComposer::draftsFolder()).filePath(drafts[0]),
-                dir_.filePath("message.eml"));
-    EXPECT_EQ(readMessage()["subject"].toString(), "My Feedback - Pomwick");
+    const mode_t umask = ::umask(0);
+    for (int saved = 0; saved < 2; ++saved) {
+        ZRProgressHUD::hideAllHUDsForView(screen->view(), false);
+        composer = openComposer();
+        QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
+        composer->draftMenu()->actions()[0]->trigger();
+        expectNotice("Message Saved!", "HUD_completed.png");
+    }
+    ::umask(umask);
+    EXPECT_EQ(modeOf(draftsFolder()), 0700u);
+    const QStringList names = QDir(draftsFolder()).entryList(QDir::Files);
+    ASSERT_EQ(names.size(), 2);
+    EXPECT_TRUE(names.contains(composer->statusText().section('/', -1)))
+        << composer->statusText().toStdString();
+    for (const QString& name : names)
+        EXPECT_EQ(modeOf(QDir(draftsFolder()).filePath(name)), 0600u);
+    for (const QJsonObject& draft : drafts())
+        EXPECT_EQ(draft["subject"].toString(), "My Feedback - Pomwick");
 }
 
-TEST_F(MailFixture, ADraftThatCannotBeWrittenIsAnError) {
+// A draft that cannot be written whole is an error, and leaves nothing behind: a file where the
+// folder would go, and a disk that fills up mid-write (a file size limit stands in for it).
+TEST_F(MailFixture, ADraftThatCannotBeWrittenIsAnErrorAndLeavesNoFile) {
     installSendmail("exit 0");
+    const auto previous = std::signal(SIGXFSZ, SIG_IGN); // a write past the limit then fails
+    rlimit limit{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    rlimit small = limit;
+    small.rlim_cur = 64;
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    openComposer()->saveDraft();
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, previous);
+    expectNotice("An Error Occurred!", "HUD_error.png");
+    EXPECT_EQ(QDir(draftsFolder()).entryList(QDir::Files | QDir::Hidden), QStringList{});
+
+    ZRProgressHUD::hideAllHUDsForView(screen->view(), false);
+    QDir(dir_.filePath("data/pomwick")).removeRecursively();
     QFile blocker(dir_.filePath("data/pomwick"));
-    QDir().mkpath(dir_.filePath("data"));
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly)); // a file where the folder would go
     blocker.close();
     openComposer()->saveDraft();

@@ -10,10 +10,17 @@ import sys
 raw = open(sys.argv[1], "rb").read()
 message = email.message_from_bytes(raw, policy=email.policy.default)
 date = email.utils.parsedate_to_datetime(message["Date"]) if message["Date"] else None
+
+
+def addresses(header):
+    return list(message[header].addresses) if message[header] else []
+
+
 print(json.dumps({
     "subject": str(message["Subject"]),
-    "to": [address.addr_spec for address in message["To"].addresses],
-    "from": [address.addr_spec for address in message["From"].addresses],
+    "to": [address.addr_spec for address in addresses("To")],
+    "to_names": [address.display_name for address in addresses("To")],
+    "from": [address.addr_spec for address in addresses("From")],
     "date_has_zone": date is not None and date.tzinfo is not None,
     "message_id": bool(re.fullmatch(r"<[^<>@\s]+@[^<>@\s]+>", str(message["Message-ID"]).strip())),
     "content_type": message.get_content_type(),

@@ -38,13 +38,29 @@ expect_setting() { # KEY VALUE FAILURE
 }
 
 # The X server writes its display number to the pipe once it accepts clients; reading it is the
-# wait (and an X server that dies closes the pipe, so the read ends).
+# wait (and an X server that dies closes the pipe, so the read ends). It is given a display that
+# no server holds (no lock, no socket): another test taking the same one at the same moment makes
+# this server exit at once, and the next free one is tried. With -noreset the server does not
+# reset, refusing clients meanwhile, each time its last client leaves.
 start_x_server() { # [WIDTHxHEIGHT]
-    mkfifo "$work/displayfd"
-    Xvfb -displayfd 3 -screen 0 "${1:-1024x900}x24" -nolisten tcp 3>"$work/displayfd" 2>"$work/xvfb.log" &
-    xserver=$!
-    local number=""
-    read -r -t 60 number <"$work/displayfd" || true
+    local candidate=$((100 + RANDOM % 800)) number="" attempt
+    for attempt in $(seq 20); do
+        while [ -e "/tmp/.X$candidate-lock" ] || [ -e "/tmp/.X11-unix/X$candidate" ]; do
+            candidate=$((candidate + 1))
+        done
+        rm -f "$work/displayfd"
+        mkfifo "$work/displayfd"
+        Xvfb ":$candidate" -displayfd 3 -noreset -screen 0 "${1:-1024x900}x24" -nolisten tcp \
+            3>"$work/displayfd" 2>"$work/xvfb.log" &
+        xserver=$!
+        number=""
+        read -r -t 60 number <"$work/displayfd" || true
+        [ "$number" = "$candidate" ] && break
+        kill "$xserver" 2>/dev/null || true
+        wait "$xserver" 2>/dev/null || true
+        xserver="" number=""
+        candidate=$((candidate + 1))
+    done
     [ -n "$number" ] || { cat "$work/xvfb.log" >&2; echo "FAIL: Xvfb did not start" >&2; exit 1; }
     export DISPLAY=":$number"
 }

@@ -1,6 +1,7 @@
 #include "TextField.h"
 
 #include "Appearance.h"
+#include "DisplayedText.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -39,22 +40,32 @@ std::pair<TextRange, QString> TextField::editBetween(const QString& current,
 }
 
 // Every edit by the user (typing, deleting, pasting, input methods, undo) ends here, applied but
-// not yet painted: a refused one is taken back before anyone sees it.
+// not yet painted: a refused one is taken back before anyone sees it. The part shown starts the
+// whole text, so a range in it is the same range in the whole.
 void TextField::askAboutEdit(const QString& proposed) {
-    if (proposed == acceptedText_)
+    const QString shown = displayedPart(acceptedText_);
+    if (proposed == shown)
         return;
-    const auto [range, replacement] = editBetween(acceptedText_, proposed);
-    if (!delegate_ || delegate_->shouldChangeCharactersInRange(this, range, replacement)) {
-        acceptedText_ = proposed;
+    const auto [range, replacement] = editBetween(shown, proposed);
+    const bool allowed =
+        !delegate_ || delegate_->shouldChangeCharactersInRange(this, range, replacement);
+    if (allowed)
+        acceptedText_.replace(range.location, range.length, replacement);
+    const QString nowShown = displayedPart(acceptedText_);
+    if (nowShown == proposed)
         return;
-    }
-    QLineEdit::setText(acceptedText_);
-    setCursorPosition(range.location + range.length);
+    const int cursor = allowed ? cursorPosition() : range.location + range.length;
+    QLineEdit::setText(nowShown);
+    setCursorPosition(cursor);
 }
 
 void TextField::setText(const QString& text) {
     acceptedText_ = text;
-    QLineEdit::setText(text);
+    QLineEdit::setText(displayedPart(text));
+}
+
+QString TextField::displayedPart(const QString& text) {
+    return text.left(qsizetype(displayedLength(QStringView(text).utf16())));
 }
 
 void TextField::resignFirstResponder() {

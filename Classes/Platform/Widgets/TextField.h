@@ -34,6 +34,7 @@ public:
 
 // A one-line text field with a clear background, a placeholder and an optional view on its
 // right, that asks its delegate about each edit before it is shown. The delegate is held weakly.
+// A text beyond displayedTextLimit shows only its start; edits there apply to the whole text.
 class POMWICK_PLATFORM_EXPORT TextField : public QLineEdit {
     Q_OBJECT
 public:
@@ -42,12 +43,14 @@ public:
     void setDelegate(TextFieldDelegate* delegate) { delegate_ = delegate; }
     // Text set from code is not an edit: the delegate is not asked about it.
     void setText(const QString& text);
+    // The part of a text the field shows.
+    static QString displayedPart(const QString& text);
     TextFieldDelegate* delegate() const { return delegate_.get(); }
     // Shown at the right at all times.
     void setRightView(QWidget* view);
     QWidget* rightView() const { return rightView_; }
     void resignFirstResponder();
-    // The text as it stood after the last edit that was allowed.
+    // The whole text as it stood after the last edit that was allowed.
     QString acceptedText() const { return acceptedText_; }
 
     // The edit that turns the current text into `proposed`, as one range and its replacement.

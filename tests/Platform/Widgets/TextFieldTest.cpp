@@ -78,12 +78,21 @@ TEST_F(TextFieldTest, AsksBeforeEveryEditWithItsRangeAndReplacementAndHonoursARe
     EXPECT_EQ(field->text(), "e" + emoji + "!");
     EXPECT_EQ(delegate.edits.size(), 7u);
 
-    // No length limit: a line edit's default would cut the text at 32,767 characters.
+    // No length limit: a line edit's default would cut the text at 32,767 characters. A text
+    // that long shows only its start, and an edit there keeps the rest.
     delegate.allow = true;
     const QString longText(40000, 'x');
     field->setText("");
     field->insert(longText);
-    EXPECT_EQ(field->text(), longText);
+    EXPECT_EQ(field->acceptedText(), longText);
+    const QString marks = "a" + QString(100000, QChar(0x0301));
+    field->setText(marks);
+    EXPECT_EQ(field->text(), marks.left(field->text().size()));
+    EXPECT_LE(field->text().size(), 1000);
+    QTest::keyClick(field, Qt::Key_Home);
+    QTest::keyClicks(field, "b");
+    EXPECT_EQ(field->acceptedText(), "b" + marks);
+    EXPECT_EQ(field->text(), TextField::displayedPart("b" + marks));
 }
 
 TEST_F(TextFieldTest, EditingBeginsOnceUntilTheFocusGoesElsewhere) {
