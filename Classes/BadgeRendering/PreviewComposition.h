@@ -7,6 +7,8 @@
 
 namespace pomwick {
 
+class SettingsSnapshot;
+
 // The preview badge as the header shows it after the renderer reported a fresh background.
 struct PreviewBadge {
     QImage image;                // null: no badge is shown
@@ -15,6 +17,7 @@ struct PreviewBadge {
 
 // The text the preview badge shows: the stored text with "@" as 1, or 1 when none is stored.
 QString previewBadgeText();
+QString previewBadgeText(const SettingsSnapshot& settings);
 
 // Composes the preview badge from the settings, the renderer's background file and the sample
 // icon's frame: the stored text ("@" shown as 1) in the stored font, color and opacity, centered
