@@ -14,6 +14,10 @@ QImage imageWithData(const QByteArray& bytes);
 // give a null image.
 QImage imageWithContentsOfFile(const std::filesystem::path& path);
 
+// The image as PNG bytes, encoded at the cheapest setting (stored, not compressed): the files
+// the product writes are small, local and rewritten often. Empty when it cannot be encoded.
+QByteArray pngData(const QImage& image);
+
 // Writes a PNG to a unique temporary file beside the target and renames it over the target.
 bool writePngAtomically(const QImage& image, const std::filesystem::path& path);
 
