@@ -72,11 +72,14 @@ Peers& peers() {
 // The ping-pong's median in this run, in microseconds.
 double pingPongMedian = 0;
 
-// Times each iteration by hand and reports the median and the 99th percentile beside the mean.
-template <typename Exchange> void measure(benchmark::State& state, Exchange exchange) {
+// Times each iteration by hand, after an untimed preparation, and reports the median and the 99th
+// percentile beside the mean.
+template <typename Prepare, typename Exchange>
+void measure(benchmark::State& state, Prepare prepare, Exchange exchange) {
     std::vector<double> samples;
     QElapsedTimer timer;
     for (auto _ : state) {
+        prepare();
         timer.start();
         exchange();
         const double seconds = double(timer.nsecsElapsed()) / 1e9;
@@ -92,17 +95,16 @@ template <typename Exchange> void measure(benchmark::State& state, Exchange exch
     }
 }
 
-// state.range(0): 0 for the defaults (no settings file: a round badge), 1 for a file that holds a
-// longer text (a pill).
-void PreviewRoundTrip(benchmark::State& state) {
+template <typename Exchange> void measure(benchmark::State& state, Exchange exchange) {
+    measure(
+        state, [] {}, exchange);
+}
+
+template <typename Prepare> void measureRoundTrips(benchmark::State& state, Prepare prepare) {
     Peers& bus = peers();
-    if (state.range(0))
-        setPreferencesObjectKey("Alert:@", SettingsKey::badgeTextFieldText);
-    else
-        std::filesystem::remove(hostPath(DevicePath::preferencesFile));
     const QRectF icon(0, 45, 60, 60);
     const uint64_t readsBefore = SettingsSnapshot::fileReads();
-    measure(state, [&] {
+    measure(state, prepare, [&] {
         const int before = bus.answers;
         MessagingCenter::centerNamed(CenterName::renderer)
             .sendMessageName(MessageName::saveBadgeImages);
@@ -111,6 +113,30 @@ void PreviewRoundTrip(benchmark::State& state) {
     });
     state.counters["file_reads_per_composition"] =
         double(SettingsSnapshot::fileReads() - readsBefore) / double(state.iterations());
+}
+
+// state.range(0): 0 for the defaults (no settings file: a round badge), 1 for a file that holds a
+// longer text (a pill).
+void PreviewRoundTrip(benchmark::State& state) {
+    peers();
+    if (state.range(0))
+        setPreferencesObjectKey("Alert:@", SettingsKey::badgeTextFieldText);
+    else
+        std::filesystem::remove(hostPath(DevicePath::preferencesFile));
+    measureRoundTrips(state, [] {});
+}
+
+// The pill right after its color changed, as when the user picks one: the renderer draws and
+// encodes, and the screen decodes, every time. The change itself is not timed.
+void PreviewRoundTripAfterAChange(benchmark::State& state) {
+    peers();
+    setPreferencesObjectKey("Alert:@", SettingsKey::badgeTextFieldText);
+    int step = 0;
+    measureRoundTrips(state, [&] {
+        setPreferencesObjectKey(++step % 2 == 0 ? "1.000000,0.000000,0.000000,1.000000"
+                                                : "0.000000,0.000000,1.000000,1.000000",
+                                SettingsKey::badgeBackgroundColor);
+    });
 }
 
 void DBusPingPong(benchmark::State& state) {
@@ -128,6 +154,10 @@ BENCHMARK(PreviewRoundTrip)
     ->ArgName("pill")
     ->Arg(0)
     ->Arg(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond)
+    ->Iterations(2000);
+BENCHMARK(PreviewRoundTripAfterAChange)
     ->UseManualTime()
     ->Unit(benchmark::kMicrosecond)
     ->Iterations(2000);
