@@ -139,8 +139,9 @@ std::optional<std::string> writeFileAtomicallyInTurn(const std::filesystem::path
         removeStaleTemporaries(path);
         fd = ::open(temporary.c_str(), flags, 0600);
     }
+    // Something that is no temporary of ours holds the name: a unique one will do.
     if (fd < 0)
-        return systemError("cannot write in", path.parent_path());
+        return writeFileAtomically(path, bytes);
     return fillAndPutInPlace(fd, temporary, path, bytes);
 }
 
