@@ -1,5 +1,6 @@
 #include "BadgeBackgroundRenderer.h"
 
+#include "AtomicFile.h"
 #include "BadgeImagePrimitives.h"
 #include "ImageContext.h"
 #include "ImageFile.h"
@@ -8,7 +9,7 @@
 #include "PreviewComposition.h"
 #include "PreviewFiles.h"
 #include "QtConversions.h"
-#include "Settings.h"
+#include "SettingsSnapshot.h"
 #include "TextDrawing.h"
 
 #include <algorithm>
@@ -27,8 +28,8 @@ constexpr double endsRoom = 12;
 // the badge's ends in the preview, as any text too large for its badge is.
 constexpr double widestPreviewWidth = 16 * previewHeight;
 
-double previewWidthForText() {
-    const double text = sizeWithAttributes(previewBadgeText(), toQFont(getBadgeFont())).width();
+double previewWidth(const BackgroundSettings& settings) {
+    const double text = sizeWithAttributes(settings.text, toQFont(settings.font)).width();
     return std::min(text + endsRoom, widestPreviewWidth);
 }
 
@@ -57,10 +58,16 @@ QImage stretchedToWidth(const QImage& badge, double previewWidth) {
 
 } // namespace
 
-QImage drawBadgeBackground(const QImage& silhouette) {
-    const QImage filled = fillImageWithColor(silhouette, getBadgeBackgroundColor());
+BackgroundSettings::BackgroundSettings(const SettingsSnapshot& settings)
+    : fill(settings.badgeBackgroundColor()), border(settings.badgeBorderColor()),
+      borderWidth(settings.badgeBorderWidth()), text(previewBadgeText(settings)),
+      font(settings.badgeFont()) {}
+
+QImage drawBadgeBackground(const QImage& silhouette, const BackgroundSettings& settings) {
+    const QImage filled = fillImageWithColor(silhouette, settings.fill);
     // Bordered before it is widened, so that the border is as thick along the pill as at its ends.
-    return stretchedToWidth(addBorderToImage(filled, getBadgeBorderColor()), previewWidthForText());
+    return stretchedToWidth(addBorderToImage(filled, settings.border, settings.borderWidth),
+                            previewWidth(settings));
 }
 
 BadgeBackgroundRenderer::BadgeBackgroundRenderer()
@@ -75,7 +82,15 @@ void BadgeBackgroundRenderer::requestRender() {
 }
 
 void BadgeBackgroundRenderer::render() {
-    writePngAtomically(drawBadgeBackground(silhouette_), tmpFile(PreviewFile::badgeBackground));
+    const BackgroundSettings wanted{SettingsSnapshot()};
+    if (wanted != drawnFor_) {
+        const QByteArray png = pngData(drawBadgeBackground(silhouette_, wanted));
+        png_.assign(png.constData(), size_t(png.size()));
+        drawnFor_ = wanted;
+    }
+    // Written on every request all the same: the screen reads the file it is told of, whoever
+    // else changed or removed it meanwhile.
+    replaceFileThroughSpare(tmpFile(PreviewFile::badgeBackground), png_);
     MessagingCenter::centerNamed(CenterName::preferences)
         .sendMessageName(MessageName::badgeSavedToTmp);
 }

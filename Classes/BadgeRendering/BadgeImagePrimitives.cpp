@@ -35,7 +35,10 @@ QImage scaleImageToSize(const QImage& image, QSizeF size) {
 }
 
 QImage addBorderToImage(const QImage& image, const Color& color) {
-    const float factor = getBadgeBorderWidth();
+    return addBorderToImage(image, color, getBadgeBorderWidth());
+}
+
+QImage addBorderToImage(const QImage& image, const Color& color, float factor) {
     if (factor == 1.0f)
         return image;
     const QSizeF size = pointSize(image);

@@ -21,6 +21,8 @@ QImage scaleImageToSize(const QImage& image, QSizeF size);
 // image's alpha applied without a flip, so it is mirrored vertically (the badge shapes it serves
 // are symmetric).
 QImage addBorderToImage(const QImage& image, const Color& color);
+// The same with the factor given, for a caller that has read the settings already.
+QImage addBorderToImage(const QImage& image, const Color& color, float factor);
 
 // The image drawn with the given opacity.
 QImage applyAlphaToImage(const QImage& image, float alpha);

@@ -4,46 +4,53 @@
 #include "DisplayedText.h"
 #include "ImageContext.h"
 #include "PreviewFiles.h"
-#include "Settings.h"
+#include "SettingsSnapshot.h"
 
 namespace pomwick {
 namespace {
 
 constexpr double badgeHeight = 24;
 
-QImage composedBadge() {
+QImage composedBadge(const SettingsSnapshot& settings) {
     const QImage background = loadBadgeBackground();
     const QSizeF size = pointSize(background);
     // A missing background is 0 x 0: the target width is then not a number and nothing results.
     const QImage scaled = scaleImageToSize(
         background, QSizeF(badgeHeight / size.height() * size.width(), badgeHeight));
-    const QImage text = applyAlphaToImage(
-        makeImageFromText(previewBadgeText(), getBadgeFont(), getBadgeFontColor(), true),
-        getBadgeAlpha());
+    const QImage text =
+        applyAlphaToImage(makeImageFromText(previewBadgeText(settings), settings.badgeFont(),
+                                            settings.badgeFontColor(), true),
+                          settings.badgeAlpha());
     return imageByCombiningImage(scaled, text);
 }
 
 } // namespace
 
 QString previewBadgeText() {
-    const QString stored = QString::fromStdString(getBadgeTextFieldText());
+    return previewBadgeText(SettingsSnapshot());
+}
+
+QString previewBadgeText(const SettingsSnapshot& settings) {
+    const QString stored = QString::fromStdString(settings.badgeTextFieldText());
     return stored.isEmpty() ? QStringLiteral("1")
                             : stored.left(qsizetype(displayedLength(QStringView(stored).utf16())))
                                   .replace('@', '1');
 }
 
 PreviewBadge composePreviewBadge(const QRectF& iconFrame, float iconSize) {
-    if (!getEnabled()) {
+    // Every setting as the file holds it now, read once for the whole badge.
+    const SettingsSnapshot settings;
+    if (!settings.enabled()) {
         return {scaleImageToSize(loadBundleImage(PreviewFile::stockBadge),
                                  QSizeF(badgeHeight, badgeHeight)),
                 QRectF(iconFrame.x() + iconSize - 12, iconFrame.y() - 12, 24, 24)};
     }
-    const BadgeLocation location = getBadgeLocation();
+    const BadgeLocation location = settings.badgeLocation();
     const double anchorX = iconFrame.x() + location.x * iconFrame.width();
     const double anchorY = iconFrame.y() + location.y * iconFrame.height();
-    if (!getBadgeVisible())
+    if (!settings.badgeVisible())
         return {QImage(), std::nullopt};
-    const QImage combined = composedBadge();
+    const QImage combined = composedBadge(settings);
     return {combined, QRectF(QPointF(anchorX, anchorY), pointSize(combined))};
 }
 

@@ -7,6 +7,8 @@
 
 namespace pomwick {
 
+class SettingsSnapshot;
+
 // The preview badge as the header shows it after the renderer reported a fresh background.
 struct PreviewBadge {
     QImage image;                // null: no badge is shown
@@ -16,6 +18,7 @@ struct PreviewBadge {
 // The text the preview badge shows: the start of the stored text that a view shows, with "@" as
 // 1, or 1 when none is stored.
 QString previewBadgeText();
+QString previewBadgeText(const SettingsSnapshot& settings);
 
 // Composes the preview badge from the settings, the renderer's background file and the sample
 // icon's frame: the stored text ("@" shown as 1) in the stored font, color and opacity, centered

@@ -5,6 +5,7 @@
 #include "DQFontPicker.h"
 #include "FeedbackMailComposer.h"
 #include "LJColorPickerView.h"
+#include "SettingsSnapshot.h"
 #include "TableView.h"
 #include "TextField.h"
 #include "ViewController.h"
@@ -100,14 +101,16 @@ private:
     void restoreDefaults();
     void pushColorGrid(int gridTag);
     void pushPositionEditor();
-    void describePreview();
+    void describePreview(const SettingsSnapshot& settings);
+    // The settings the rows of the table's current rebuild show, read once when it starts.
+    const SettingsSnapshot& rowSettings();
     TableViewCell* makeCell(const QString& reuseIdentifier, const QString& text,
                             const char* iconFile) const;
     TableViewCell* enabledCell();
     TableViewCell* visibilityCell();
     TableViewCell* textCell(bool available);
     TableViewCell* colorCell(const QString& reuseIdentifier, const QString& text,
-                              const char* iconFile, bool available, const QColor& color);
+                             const char* iconFile, bool available, const QColor& color);
     TableViewCell* sliderCell(const QString& reuseIdentifier, const QString& text,
                               const char* iconFile, bool available, int sliderTag, float minimum,
                               float maximum, float value, const QString& measuredText);
@@ -127,6 +130,7 @@ private:
     QPointer<QWidget> dimmingView_;
     // Loaded on the first grid and kept, an empty palette included.
     std::optional<std::vector<Color>> masterColorsArray_;
+    std::optional<SettingsSnapshot> rowSettings_;
 };
 
 } // namespace pomwick

@@ -94,7 +94,7 @@ void PomwickPreferencesViewController::infoButtonClicked() {
 
 void PomwickPreferencesViewController::reloadTableData() {
     mainTableView_->reloadData();
-    describePreview();
+    describePreview(rowSettings());
     requestPreview();
 }
 
@@ -107,7 +107,7 @@ bool PomwickPreferencesViewController::shouldChangeCharactersInRange(TextField* 
                                                                      const QString& replacement) {
     // The text as it stood before this edit: the range is relative to it.
     storeBadgeText(field->acceptedText().replace(range.location, range.length, replacement));
-    describePreview();
+    describePreview(SettingsSnapshot());
     return true;
 }
 

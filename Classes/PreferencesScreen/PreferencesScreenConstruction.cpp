@@ -48,7 +48,7 @@ void PomwickPreferencesViewController::viewDidLoad() {
                     iconSize_, iconSize_));
     if (const QImage icon = loadBundleImage(PreviewFile::sampleIcon); !icon.isNull())
         iconImageView_->setPixmap(QPixmap::fromImage(icon));
-    describePreview();
+    describePreview(SettingsSnapshot());
 
     Appearance::setSegmentedControlTint(Qt::black);
     setRightBarButtonItem({"Respring", [this] {
@@ -61,10 +61,10 @@ void PomwickPreferencesViewController::viewDidLoad() {
 }
 
 // What a screen reader says of the header's picture.
-void PomwickPreferencesViewController::describePreview() {
-    const QString badge = !getEnabled()       ? QString("1")
-                          : getBadgeVisible() ? previewBadgeText()
-                                              : QString();
+void PomwickPreferencesViewController::describePreview(const SettingsSnapshot& settings) {
+    const QString badge = !settings.enabled()       ? QString("1")
+                          : settings.badgeVisible() ? previewBadgeText(settings)
+                                                    : QString();
     iconImageView_->setAccessibleName(
         badge.isEmpty() ? QString("Badge preview: a sample icon without a badge")
                         : QString("Badge preview: %1 on a sample icon").arg(badge));

@@ -10,7 +10,6 @@
 #include "QtConversions.h"
 #include "RowGeometry.h"
 #include "SegmentedControl.h"
-#include "Settings.h"
 #include "Slider.h"
 #include "Switch.h"
 #include "TextDrawing.h"
@@ -49,10 +48,20 @@ QSizeF cellSize(const TableViewCell* cell) {
     return frame(cell).size();
 }
 
+constexpr int sectionCount = 4;
+
 } // namespace
 
+// A rebuild starts here: its rows show the settings as they are now, read once for all of them.
 int PomwickPreferencesViewController::numberOfSectionsInTableView(TableView*) {
-    return 4;
+    rowSettings_.emplace();
+    return sectionCount;
+}
+
+const SettingsSnapshot& PomwickPreferencesViewController::rowSettings() {
+    if (!rowSettings_)
+        rowSettings_.emplace();
+    return *rowSettings_;
 }
 
 int PomwickPreferencesViewController::numberOfRowsInSection(TableView*, int section) {
@@ -78,8 +87,8 @@ QString PomwickPreferencesViewController::titleForHeaderInSection(TableView*, in
     }
 }
 
-QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView* table, int section) {
-    if (section != numberOfSectionsInTableView(table) - 1)
+QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView*, int section) {
+    if (section != sectionCount - 1)
         return nullptr;
     const QRectF labelFrame(0, 0, frame(view()).width(), 40);
     auto* footer = new QWidget;
@@ -106,8 +115,8 @@ TableViewCell* PomwickPreferencesViewController::makeCell(const QString& reuseId
 }
 
 TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView*, IndexPath path) {
-    const bool enabled = getEnabled();
-    const bool available = enabled && getBadgeVisible();
+    const SettingsSnapshot& settings = rowSettings();
+    const bool available = settings.enabled() && settings.badgeVisible();
     if (path.section == 0 && path.row == 0)
         return enabledCell();
     if (path.section == 1) {
@@ -117,7 +126,7 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
         case 1:
             return textCell(available);
         case 2: {
-            const auto font = getBadgeFont();
+            const auto font = settings.badgeFont();
             TableViewCell* cell = makeCell(
                 "Cell4", "Font: " + (font ? QString::fromStdString(font->name) : QString("(null)")),
                 "Font.png");
@@ -126,9 +135,9 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
         }
         case 3:
             return colorCell("Cell5", "Background Color:", "Palete.png", available,
-                              toQColor(getBadgeBackgroundColor()));
+                             toQColor(settings.badgeBackgroundColor()));
         case 4: {
-            const BadgeLocation location = getBadgeLocation();
+            const BadgeLocation location = settings.badgeLocation();
             TableViewCell* cell = makeCell("Cell6",
                                            QString("Position: %1%, %2%")
                                                .arg(RowGeometry::wholePercent(location.x))
@@ -139,12 +148,12 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
         }
         case 5:
             return colorCell("Cell7", "Border Color:", "Border.png", available,
-                              toQColor(getBadgeBorderColor()));
+                             toQColor(settings.badgeBorderColor()));
         case 6:
             return sliderCell("Cell8", "Border Width:", "Width.png", available, 0, 1.0f, 2.0f,
-                              getBadgeBorderWidth(), "Border Width:");
+                              settings.badgeBorderWidth(), "Border Width:");
         case 7: {
-            const float alpha = getBadgeAlpha();
+            const float alpha = settings.badgeAlpha();
             alphaCell_ =
                 sliderCell("Cell9", QString("Alpha: %1%").arg(RowGeometry::wholePercent(alpha)),
                            "Transparency.png", available, 1, 0.0f, 1.0f, alpha, "Alpha: 100%");
@@ -181,7 +190,7 @@ TableViewCell* PomwickPreferencesViewController::enabledCell() {
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* toggle = new Switch(cell);
     toggle->setOnTintColor(Qt::black);
-    toggle->setOn(getEnabled(), false);
+    toggle->setOn(rowSettings().enabled(), false);
     toggle->setAccessibleName("Enabled");
     setFrame(toggle, RowGeometry::switchFrame(cellSize(cell), QSizeF(Switch::size)));
     connect(toggle, &Switch::valueChanged, this, [this, toggle] { switchValueChanged(toggle); });
@@ -189,11 +198,11 @@ TableViewCell* PomwickPreferencesViewController::enabledCell() {
 }
 
 TableViewCell* PomwickPreferencesViewController::visibilityCell() {
-    const bool enabled = getEnabled();
+    const bool enabled = rowSettings().enabled();
     TableViewCell* cell = makeCell("Cell2", "Visibility:", "Eye.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* control = new SegmentedControl({"Hide", "Show"}, cell);
-    control->setSelectedSegmentIndex(getBadgeVisible() ? 1 : 0);
+    control->setSelectedSegmentIndex(rowSettings().badgeVisible() ? 1 : 0);
     control->setEnabled(enabled);
     control->setTintColor(Qt::black);
     control->setAccessibleName("Visibility");
@@ -209,7 +218,7 @@ TableViewCell* PomwickPreferencesViewController::textCell(bool available) {
     TableViewCell* cell = makeCell("Cell3", "Text:", "Article.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* field = new TextField(cell);
-    field->setText(QString::fromStdString(getBadgeTextFieldText()));
+    field->setText(QString::fromStdString(rowSettings().badgeTextFieldText()));
     field->setPlaceholderText("Badge Text");
     field->setDelegate(this);
     field->setAccessibleName("Badge text");
@@ -227,9 +236,9 @@ TableViewCell* PomwickPreferencesViewController::textCell(bool available) {
 }
 
 TableViewCell* PomwickPreferencesViewController::colorCell(const QString& reuseIdentifier,
-                                                            const QString& text,
-                                                            const char* iconFile, bool available,
-                                                            const QColor& color) {
+                                                           const QString& text,
+                                                           const char* iconFile, bool available,
+                                                           const QColor& color) {
     TableViewCell* cell = makeCell(reuseIdentifier, text, iconFile);
     auto* swatch = new ColorSwatch(color, cell);
     setFrame(swatch, RowGeometry::colorSwatchFrame(cellSize(cell)));

@@ -197,7 +197,7 @@ PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
     // A file that could not be read back would lose every setting at the next write.
     if (bytes->size() > maximumFileSize)
         return std::string("the settings would not fit in the largest file that is read");
-    return writeFileAtomically(path, *bytes);
+    return writeFileAtomicallyInTurn(path, *bytes);
 }
 
 } // namespace pomwick

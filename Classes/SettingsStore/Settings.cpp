@@ -8,6 +8,8 @@
 
 #include <filesystem>
 #include <functional>
+#include <mutex>
+#include <set>
 
 namespace pomwick {
 namespace {
@@ -25,9 +27,18 @@ template <typename T> T getValue(std::string_view key) {
     return std::get<T>(effectiveValue(*findSetting(key)));
 }
 
+// Whether this process writes the file for the first time.
+bool firstWriteOf(const std::filesystem::path& path) {
+    static std::mutex guard;
+    static std::set<std::filesystem::path> written;
+    const std::lock_guard<std::mutex> lock(guard);
+    return written.insert(path).second;
+}
+
 // One read-modify-write of the settings file at a time, across processes: without the lock two
 // writers read the same old file and the last rename drops the other's key. Temporaries that
-// killed writers left are removed while no other writer can be writing one.
+// killed writers left are removed while no other writer can be writing one: on this process's
+// first write, and whenever a writer finds one where it makes its own.
 std::optional<std::string> changeSettingsFile(const std::function<bool(PlistDictionary&)>& change) {
     const std::filesystem::path path = preferencesPath();
     const FileLock lock(lockPath(path));
@@ -35,7 +46,8 @@ std::optional<std::string> changeSettingsFile(const std::function<bool(PlistDict
         return lock.failure();
     if (auto refusal = whyNotReplaceable(path))
         return refusal;
-    removeStaleTemporaries(path);
+    if (firstWriteOf(path))
+        removeStaleTemporaries(path);
     // An unreadable file is replaced by one that holds only the change.
     PlistDictionary dictionary = PlistDictionary::readFromFile(path).value_or(PlistDictionary());
     if (!change(dictionary))

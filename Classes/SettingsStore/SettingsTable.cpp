@@ -1,8 +1,8 @@
 #include "SettingsTable.h"
 
-#include "DevicePaths.h"
 #include "FontCatalogue.h"
 #include "SettingsKeys.h"
+#include "SettingsSnapshot.h"
 #include "TextScanning.h"
 #include "XmlText.h"
 
@@ -56,18 +56,17 @@ SettingValue parseText(const std::optional<StoredValue>& stored, const SettingVa
 }
 
 // A stored name is looked up even when it is empty or not text at all, and then gives no font;
-// only a missing key gives the default name, at the stored size either way.
+// only a missing key gives the default name. Either way at the size the fallback carries, which
+// is the stored font size.
 SettingValue parseFont(const std::optional<StoredValue>& stored, const SettingValue& fallback) {
-    const auto size = static_cast<float>(
-        std::get<int32_t>(effectiveValue(*findSetting(SettingsKey::badgeFontSize))));
+    const Font& face = *std::get<std::optional<Font>>(fallback);
     if (stored) {
         if (stored->kind != Kind::String)
             return std::optional<Font>();
-        return FontCatalogue::shared().fontWithName(stored->text, size);
+        return FontCatalogue::shared().fontWithName(stored->text, face.size);
     }
-    const std::string name = std::get<std::optional<Font>>(fallback)->name;
     // The default is a font even where no face of that name can be found.
-    return FontCatalogue::shared().fontWithName(name, size).value_or(Font{name, size, {}, {}, {}});
+    return FontCatalogue::shared().fontWithName(face.name, face.size).value_or(face);
 }
 
 // Parts that are no number read 0; the writers always store four parts, so fewer is a
@@ -79,7 +78,7 @@ SettingValue parseColor(const std::optional<StoredValue>& stored, const SettingV
     if (parts.size() < 4)
         return fallback;
     return Color{floatValue(parts[0]), floatValue(parts[1]), floatValue(parts[2]),
-                  floatValue(parts[3])};
+                 floatValue(parts[3])};
 }
 
 SettingValue parseLocation(const std::optional<StoredValue>& stored, const SettingValue& fallback) {
@@ -173,9 +172,7 @@ const Setting* findSetting(std::string_view key) {
 
 SettingValue effectiveValue(const Setting& setting) {
     // Every getter reads the file afresh: there is no cache by design.
-    const auto dictionary = PlistDictionary::readFromFile(hostPath(DevicePath::preferencesFile));
-    return setting.parse(dictionary ? dictionary->lookup(setting.key) : std::nullopt,
-                         setting.defaultValue);
+    return SettingsSnapshot().value(setting);
 }
 
 std::string printedValue(const SettingValue& value) {

@@ -25,7 +25,8 @@ using SettingValue =
     std::variant<bool, int32_t, float, std::string, std::optional<Font>, Color, BadgeLocation>;
 
 // One setting: its key, its default, and how its getter makes a value of what the file holds
-// under the key (nothing when the file, the dictionary or the key is missing).
+// under the key (nothing when the file, the dictionary or the key is missing). The font's parse
+// looks names up at the size of the fallback it is given, which a snapshot makes the stored size.
 struct Setting {
     std::string_view key;
     SettingValue defaultValue;

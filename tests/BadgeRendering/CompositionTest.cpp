@@ -4,6 +4,7 @@
 #include "PreviewComposition.h"
 #include "PreviewFiles.h"
 #include "Settings.h"
+#include "SettingsSnapshot.h"
 #include "TemporaryDeviceRoot.h"
 
 #include <gtest/gtest.h>
@@ -49,8 +50,11 @@ TEST_F(Composition, TheTextShowsTheBadgeNumberOne) {
     EXPECT_NE(composedWithText("New"), composedWithText("1"));
 }
 
+// Every setting of one composition comes from one reading of the settings file.
 TEST_F(Composition, TheBadgeIs24PointsHighAtTheStoredLocation) {
+    const uint64_t readsBefore = SettingsSnapshot::fileReads();
     const PreviewBadge origin = compose();
+    EXPECT_EQ(SettingsSnapshot::fileReads() - readsBefore, 1u);
     // 28.8 points wide, held in whole pixels at scale 2, as an image context does.
     EXPECT_EQ(pointSize(origin.image), QSizeF(std::ceil(24.0 / 40 * 48 * 2) / 2, 24));
     EXPECT_EQ(origin.frame, QRectF(QPointF(40, 75), pointSize(origin.image)));

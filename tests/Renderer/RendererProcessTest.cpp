@@ -92,6 +92,18 @@ TEST_F(ScreenSide, TheBadgeIsAsWideAsItsTextRoundForOneCharacter) {
         EXPECT_TRUE(textLiesInsideTheBadge(background, text)) << typed;
         EXPECT_EQ(pointSize(background).width() == 24, isRound) << typed;
     }
+    // A screen still reading the last picture keeps it whole while newer ones are written.
+    QFile held(QString::fromStdString(tmpFile(PreviewFile::badgeBackground).string()));
+    ASSERT_TRUE(held.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    const QByteArray whole = held.readAll();
+    for (const char* typed : {"Alert:@", "@@"}) {
+        setPreferencesObjectKey(typed, SettingsKey::badgeTextFieldText);
+        requestAndAwaitAnswer();
+    }
+    ASSERT_TRUE(held.seek(0));
+    EXPECT_EQ(held.readAll(), whole);
+    EXPECT_NE(imageWithContentsOfFile(tmpFile(PreviewFile::badgeBackground)).size(),
+              QImage::fromData(whole).size());
     // However long the text or large the font, the background stays bounded.
     setPreferencesObjectKey(std::string(1000, '@'), SettingsKey::badgeTextFieldText);
     setPreferencesObjectKey("500", SettingsKey::badgeFontSize);

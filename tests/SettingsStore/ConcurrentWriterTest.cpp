@@ -71,18 +71,24 @@ TEST_F(ConcurrentWriter, TwoWritersAtOnceNeverLoseEachOthersKeys) {
     EXPECT_EQ(lost, 0);
 }
 
+// A process looks for them on its first write, and later only when a writer finds one in the
+// place of its own temporary.
 TEST_F(ConcurrentWriter, TemporariesOfKilledWritersAreRemovedAtTheNextWrite) {
     const std::string folder = "/var/mobile/Library/Preferences/";
-    root.writeFile(folder + ".com.velquor.pomwickpreferences.plist.Ab3xY9",
-                   "left by a killed writer");
-    root.writeFile(folder + ".com.velquor.pomwickpreferences.plist.kept", "not ours");
+    const std::string stale = folder + ".com.velquor.pomwickpreferences.plist.";
+    root.writeFile(stale + "Ab3xY9", "left by a killed writer");
+    root.writeFile(stale + "kept", "not ours");
     root.writeFile(folder + "other.plist.Ab3xY9", "not ours");
     setPreferencesObjectKey("1", SettingsKey::enabled);
-    EXPECT_EQ(
-        root.preferencesFiles(),
-        (std::vector<std::string>{".com.velquor.pomwickpreferences.plist.kept",
-                                  ".com.velquor.pomwickpreferences.plist.lock",
-                                  "com.velquor.pomwickpreferences.plist", "other.plist.Ab3xY9"}));
+    const std::vector<std::string> cleaned{
+        ".com.velquor.pomwickpreferences.plist.kept", ".com.velquor.pomwickpreferences.plist.lock",
+        "com.velquor.pomwickpreferences.plist", "other.plist.Ab3xY9"};
+    EXPECT_EQ(root.preferencesFiles(), cleaned);
+    root.writeFile(stale + "Zq7Wm2", "left by a killed writer of another process");
+    root.writeFile(stale + "change", "left by a killed writer of this process");
+    setPreferencesObjectKey("0", SettingsKey::enabled);
+    EXPECT_EQ(root.preferencesFiles(), cleaned);
+    EXPECT_FALSE(getEnabled());
 }
 
 TEST_F(ConcurrentWriter, AWriterThatHangsHoldingTheLockDelaysOthersButNeverHangsThem) {

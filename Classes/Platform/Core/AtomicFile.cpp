@@ -1,6 +1,7 @@
 #include "AtomicFile.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -43,7 +44,65 @@ std::string temporaryPrefix(const std::filesystem::path& path) {
     return "." + path.filename().string() + ".";
 }
 
+// mkstemp's pattern; the one name of writers that take turns has as many letters, so that the
+// search for stale temporaries finds it too.
 constexpr std::string_view temporarySuffix = "XXXXXX";
+constexpr std::string_view turnSuffix = "change";
+
+std::optional<std::string> prepareFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path.parent_path(), error);
+    if (error)
+        return "cannot create " + path.parent_path().string() + ": " + error.message();
+    return whyNotReplaceable(path);
+}
+
+// Fills the temporary, open as fd, closes it and puts it in the target's place; removes it when
+// that fails.
+std::optional<std::string> fillAndPutInPlace(int fd, const std::string& temporary,
+                                             const std::filesystem::path& path,
+                                             std::string_view bytes) {
+    bool written = writeAll(fd, bytes) && ::fchmod(fd, 0644) == 0;
+    std::string reason = written ? "" : systemError("cannot write", temporary);
+    if (::close(fd) != 0 && written) {
+        written = false;
+        reason = systemError("cannot write", temporary);
+    }
+    if (written && !replaceWith(temporary, path)) {
+        written = false;
+        reason = systemError("cannot replace", path);
+    }
+    if (!written)
+        ::unlink(temporary.c_str());
+    return written ? std::nullopt : std::optional<std::string>(reason);
+}
+
+// Beside the target, hidden like the temporaries but never taken for a stale one.
+std::string sparePath(const std::filesystem::path& path) {
+    return path.parent_path() / (temporaryPrefix(path) + "spare");
+}
+
+// Writes the bytes into the spare in place, only when no other process has it open and it has no
+// other name, so that nobody can be reading it. A write lease is granted only to the one process
+// that has the file open, and while it is held, opening the file waits or, without waiting,
+// fails: nobody starts reading the spare half written either.
+bool fillSpare(const std::string& spare, std::string_view bytes) {
+    const int fd = ::open(
+        spare.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY, 0644);
+    if (fd < 0)
+        return false;
+    struct stat status {};
+    // Someone opening the spare breaks the lease and signals this process, with SIGIO unless told
+    // otherwise, which would end it: SIGURG is ignored unless handled.
+    bool filled = ::fstat(fd, &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink == 1 &&
+                  ::fcntl(fd, F_SETSIG, SIGURG) == 0 && ::fcntl(fd, F_SETLEASE, F_WRLCK) == 0;
+    if (filled) {
+        filled = ((status.st_mode & 07777) == 0644 || ::fchmod(fd, 0644) == 0) &&
+                 writeAll(fd, bytes) && ::ftruncate(fd, off_t(bytes.size())) == 0;
+        ::fcntl(fd, F_SETLEASE, F_UNLCK);
+    }
+    return ::close(fd) == 0 && filled;
+}
 
 } // namespace
 
@@ -58,31 +117,32 @@ std::optional<std::string> whyNotReplaceable(const std::filesystem::path& path) 
 
 std::optional<std::string> writeFileAtomically(const std::filesystem::path& path,
                                                std::string_view bytes) {
-    std::error_code error;
-    std::filesystem::create_directories(path.parent_path(), error);
-    if (error)
-        return "cannot create " + path.parent_path().string() + ": " + error.message();
-    if (auto refusal = whyNotReplaceable(path))
+    if (auto refusal = prepareFolder(path))
         return refusal;
-
     std::string temporary =
         path.parent_path() / (temporaryPrefix(path) + std::string(temporarySuffix));
     const int fd = ::mkstemp(temporary.data());
     if (fd < 0)
         return systemError("cannot write in", path.parent_path());
-    bool written = writeAll(fd, bytes) && ::fchmod(fd, 0644) == 0;
-    std::string reason = written ? "" : systemError("cannot write", temporary);
-    if (::close(fd) != 0 && written) {
-        written = false;
-        reason = systemError("cannot write", temporary);
+    return fillAndPutInPlace(fd, temporary, path, bytes);
+}
+
+std::optional<std::string> writeFileAtomicallyInTurn(const std::filesystem::path& path,
+                                                     std::string_view bytes) {
+    if (auto refusal = prepareFolder(path))
+        return refusal;
+    const std::string temporary =
+        path.parent_path() / (temporaryPrefix(path) + std::string(turnSuffix));
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW | O_NOCTTY;
+    int fd = ::open(temporary.c_str(), flags, 0600);
+    if (fd < 0 && errno == EEXIST) {
+        removeStaleTemporaries(path);
+        fd = ::open(temporary.c_str(), flags, 0600);
     }
-    if (written && !replaceWith(temporary, path)) {
-        written = false;
-        reason = systemError("cannot replace", path);
-    }
-    if (!written)
-        ::unlink(temporary.c_str());
-    return written ? std::nullopt : std::optional<std::string>(reason);
+    // Something that is no temporary of ours holds the name: a unique one will do.
+    if (fd < 0)
+        return writeFileAtomically(path, bytes);
+    return fillAndPutInPlace(fd, temporary, path, bytes);
 }
 
 void removeStaleTemporaries(const std::filesystem::path& path) {
@@ -100,6 +160,21 @@ void removeStaleTemporaries(const std::filesystem::path& path) {
         if (ours && entry->is_regular_file(ignored))
             std::filesystem::remove(entry->path(), ignored);
     }
+}
+
+std::optional<std::string> replaceFileThroughSpare(const std::filesystem::path& path,
+                                                   std::string_view bytes) {
+    if (auto refusal = whyNotReplaceable(path))
+        return refusal;
+    const std::string spare = sparePath(path);
+    if (fillSpare(spare, bytes)) {
+        if (::renameat2(AT_FDCWD, spare.c_str(), AT_FDCWD, path.c_str(), RENAME_EXCHANGE) == 0)
+            return std::nullopt;
+        // No target yet: the spare becomes it, and the next call makes a new spare.
+        if (errno == ENOENT && ::rename(spare.c_str(), path.c_str()) == 0)
+            return std::nullopt;
+    }
+    return writeFileAtomically(path, bytes);
 }
 
 } // namespace pomwick

@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QtEndian>
+#include <mutex>
 
 namespace pomwick {
 namespace {
@@ -31,11 +32,7 @@ bool chunksFitIn(const QByteArray& bytes) {
     return false;
 }
 
-} // namespace
-
-QImage imageWithData(const QByteArray& bytes) {
-    if (static_cast<std::size_t>(bytes.size()) > maximumFileBytes || !chunksFitIn(bytes))
-        return {};
+QImage decoded(const QByteArray& bytes) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
@@ -54,6 +51,24 @@ QImage imageWithData(const QByteArray& bytes) {
     return image;
 }
 
+} // namespace
+
+QImage imageWithData(const QByteArray& bytes) {
+    if (static_cast<std::size_t>(bytes.size()) > maximumFileBytes || !chunksFitIn(bytes))
+        return {};
+    // The renderer writes the same picture again for as long as the settings stay the same, and
+    // the preview reads it on every refresh: the same bytes as last time give the same image.
+    static std::mutex guard;
+    static QByteArray lastBytes;
+    static QImage lastImage;
+    const std::lock_guard<std::mutex> lock(guard);
+    if (bytes != lastBytes) {
+        lastImage = decoded(bytes);
+        lastBytes = bytes;
+    }
+    return lastImage;
+}
+
 QImage imageWithContentsOfFile(const std::filesystem::path& path) {
     std::error_code error;
     const auto bytes = readRegularFile(path, maximumFileBytes, error);
@@ -62,13 +77,19 @@ QImage imageWithContentsOfFile(const std::filesystem::path& path) {
     return imageWithData(QByteArray::fromStdString(*bytes));
 }
 
-bool writePngAtomically(const QImage& image, const std::filesystem::path& path) {
+QByteArray pngData(const QImage& image) {
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
-    // Uncompressed: the file is small, local, and rewritten on every preview refresh, where
-    // compressing costs more than the bytes it saves.
+    // Quality 100 is zlib's level 0: compressing costs more than the bytes it saves.
     if (!image.save(&buffer, "PNG", 100))
+        return {};
+    return png;
+}
+
+bool writePngAtomically(const QImage& image, const std::filesystem::path& path) {
+    const QByteArray png = pngData(image);
+    if (png.isEmpty())
         return false;
     return !writeFileAtomically(path, std::string_view(png.constData(), size_t(png.size())));
 }

@@ -16,6 +16,10 @@ POMWICK_PLATFORM_EXPORT QImage imageWithData(const QByteArray& bytes);
 // give a null image.
 POMWICK_PLATFORM_EXPORT QImage imageWithContentsOfFile(const std::filesystem::path& path);
 
+// The image as PNG bytes, encoded at the cheapest setting (stored, not compressed): the files
+// the product writes are small, local and rewritten often. Empty when it cannot be encoded.
+POMWICK_PLATFORM_EXPORT QByteArray pngData(const QImage& image);
+
 // Writes a PNG to a unique temporary file beside the target and renames it over the target.
 POMWICK_PLATFORM_EXPORT bool writePngAtomically(const QImage& image,
                                                 const std::filesystem::path& path);
