@@ -5,6 +5,7 @@
 #include <QRectF>
 
 class QPainter;
+class QWidget;
 
 namespace pomwick::Appearance {
 
@@ -18,8 +19,13 @@ QColor sectionHeaderText();
 QColor selectedCellBackground();
 QFont systemFont(int points, QFont::Weight weight = QFont::Normal);
 
-// The keyboard focus as every control shows it: a tinted ring just inside the given outline.
+// The keyboard focus as every control shows it: a tinted ring in a white one just inside the
+// given outline, drawn only while the user steers with the keyboard (showsFocusRing).
 void drawFocusRing(QPainter& painter, const QRectF& outline, qreal radius);
+bool showsFocusRing(const QWidget* widget);
+
+// The thickness of a hairline in points: one pixel of the painter's device, at any scale.
+qreal hairlineWidth(const QPainter& painter);
 
 // The process-wide tint of segmented controls, black once the settings screen has set it.
 QColor segmentedControlTint();

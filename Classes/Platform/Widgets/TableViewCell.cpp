@@ -84,10 +84,13 @@ void TableViewCell::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool lit = (highlighted_ || isDown()) && selectionStyle_ != SelectionStyle::None;
     painter.fillRect(rect(), lit ? Appearance::selectedCellBackground() : QColor(Qt::white));
-    if (separatorInset_)
-        painter.fillRect(QRectF(*separatorInset_, height() - 0.5, width() - *separatorInset_, 0.5),
-                         Appearance::hairline());
-    if (hasFocus())
+    if (separatorInset_) {
+        const qreal line = Appearance::hairlineWidth(painter);
+        painter.fillRect(
+            QRectF(*separatorInset_, height() - line, width() - *separatorInset_, line),
+            Appearance::hairline());
+    }
+    if (Appearance::showsFocusRing(this))
         Appearance::drawFocusRing(painter, QRectF(rect()), 4);
 }
 
