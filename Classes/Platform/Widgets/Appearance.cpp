@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QFontDatabase>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QWidget>
 #include <map>
@@ -92,7 +93,10 @@ QFont systemFont(int points, QFont::Weight weight) {
 }
 
 qreal hairlineWidth(const QPainter& painter) {
-    const QPaintDevice* device = painter.device();
+    // The engine's device is where the pixels go: the backing store, or the image a widget is
+    // rendered into, whose scale may differ from the widget's screen.
+    const QPaintEngine* engine = painter.paintEngine();
+    const QPaintDevice* device = engine != nullptr ? engine->paintDevice() : painter.device();
     return device != nullptr ? 1 / std::max<qreal>(1, device->devicePixelRatioF()) : 1;
 }
 

@@ -53,7 +53,7 @@ bool takesTab(const QWidget* widget) {
 ModalScope::ModalScope(QWidget* sheet, std::vector<QPointer<QWidget>> letThrough, QWidget* fallback)
     : QObject(sheet->window()), sheet_(sheet), window_(sheet->window()),
       letThrough_(std::move(letThrough)) {
-    QWidget* focus = QApplication::focusWidget();
+    QWidget* focus = window_->focusWidget();
     opener_ =
         (focus != nullptr && focus->window() == window_ && !isInside(focus)) ? focus : fallback;
     for (ModalScope* other : scopes())
@@ -78,7 +78,7 @@ void ModalScope::end() {
     std::erase(scopes(), this);
     qApp->removeEventFilter(this);
     disconnect(qApp, &QApplication::focusChanged, this, nullptr);
-    QWidget* focus = QApplication::focusWidget();
+    QWidget* focus = window_ ? window_->focusWidget() : nullptr;
     const bool focusInSheet = focus == nullptr || focus->window() != window_ || isInside(focus);
     if (opener_ && focusInSheet && opener_->isVisible() && opener_->isEnabled())
         opener_->setFocus(Qt::OtherFocusReason);
@@ -152,7 +152,7 @@ void ModalScope::moveFocus(bool forward) {
     } while (walker != nullptr && walker != sheet_);
     if (chain.empty())
         return;
-    const auto at = std::find(chain.begin(), chain.end(), QApplication::focusWidget());
+    const auto at = std::find(chain.begin(), chain.end(), window_->focusWidget());
     size_t next = 0;
     if (at != chain.end()) {
         const size_t index = size_t(at - chain.begin());
@@ -170,7 +170,7 @@ void ModalScope::keepFocusInside(QWidget* now) {
         return;
     if (sheet_->isEnabled() && sheet_->isVisible())
         moveFocus(true);
-    if (!isInside(QApplication::focusWidget()))
+    if (!isInside(window_->focusWidget()))
         now->clearFocus();
 }
 

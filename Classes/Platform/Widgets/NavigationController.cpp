@@ -117,7 +117,7 @@ void NavigationController::pushViewController(ViewController* controller, bool a
         previous->viewWillDisappear(animated);
     if (appeared_)
         controller->viewWillAppear(animated);
-    QWidget* focus = QApplication::focusWidget();
+    QWidget* focus = window()->focusWidget();
     const bool focusOnPage = previous != nullptr && previous->view()->isAncestorOf(focus);
     if (previous != nullptr)
         returnFocus_.emplace_back(focusOnPage ? focus : nullptr);

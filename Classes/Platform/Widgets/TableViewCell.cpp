@@ -14,6 +14,9 @@ TableViewCell::TableViewCell(QString reuseIdentifier, QSizeF size)
       textLabel_(new QLabel(this)) {
     textLabel_->setFont(Appearance::systemFont(17));
     textLabel_->setTextFormat(Qt::PlainText);
+    // A label inside a button draws in the button's text colour unless told otherwise, which
+    // would ignore the colour set on it.
+    textLabel_->setForegroundRole(QPalette::WindowText);
     imageView_->setScaledContents(true);
     imageView_->hide();
     setFrame(this, QRectF(QPointF(0, 0), size));
