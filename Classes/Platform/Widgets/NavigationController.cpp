@@ -94,6 +94,9 @@ NavigationController::NavigationController(ViewController* root, QSize size, QWi
     quit->setContext(Qt::ApplicationShortcut);
     connect(quit, &QShortcut::activated, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     sinceTransition_.start();
+    // The narrowest phone's width: below it the bar's buttons meet the title and the rows'
+    // controls their labels.
+    setMinimumSize(320, 320);
     settle_.setSingleShot(true);
     settle_.setInterval(60);
     connect(&settle_, &QTimer::timeout, this, &NavigationController::reportRotation);
