@@ -33,10 +33,25 @@ QRectF squareFrame(QSizeF view, float iconSize) {
             side};
 }
 
-// Edges touching count as inside, and so does a badge with no size.
-bool containsWhole(const QRectF& outer, const QRectF& inner) {
-    return inner.left() >= outer.left() && inner.top() >= outer.top() &&
-           inner.right() <= outer.right() && inner.bottom() <= outer.bottom();
+// Whether a badge may move from one span to another along one axis of the square [low, high]: a
+// badge that fits must stay inside (edges touching count as inside, and so does a badge with no
+// size); one longer than the square can never fit, and may move as long as it reaches no further
+// out than before, so that it can still be dragged.
+bool allowedAlong(qreal low, qreal high, qreal fromLow, qreal fromHigh, qreal toLow, qreal toHigh) {
+    if (fromHigh - fromLow <= high - low)
+        return toLow >= low && toHigh <= high;
+    const auto outside = [&](qreal a, qreal b) {
+        return std::max<qreal>(0, low - a) + std::max<qreal>(0, b - high);
+    };
+    constexpr qreal rounding = 1e-6;
+    return outside(toLow, toHigh) <= outside(fromLow, fromHigh) + rounding;
+}
+
+bool allowedMove(const QRectF& square, const QRectF& from, const QRectF& to) {
+    return allowedAlong(square.left(), square.right(), from.left(), from.right(), to.left(),
+                        to.right()) &&
+           allowedAlong(square.top(), square.bottom(), from.top(), from.bottom(), to.top(),
+                        to.bottom());
 }
 
 // The white rounded square with its thin black rim.
@@ -153,8 +168,9 @@ void BadgePositionViewController::touchesEnded() {
 }
 
 void BadgePositionViewController::moveBadgeIfInside(QPointF offset) {
-    const QRectF candidate = frame(badgeImageView_).translated(offset);
-    if (containsWhole(bounds(innerView_), candidate))
+    const QRectF current = frame(badgeImageView_);
+    const QRectF candidate = current.translated(offset);
+    if (allowedMove(bounds(innerView_), current, candidate))
         setFrame(badgeImageView_, candidate);
 }
 

@@ -108,6 +108,17 @@ TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItAndNeverOutOfTheSquare) {
     EXPECT_EQ(badge(), QRectF(0, 56, 30, 24));
 }
 
+TEST_F(BadgePosition, ABadgeWiderThanTheSquareDragsInwardAndAlongButNoFurtherOut) {
+    sender.badge = QImage(200, 24, QImage::Format_ARGB32_Premultiplied);
+    open();
+    EXPECT_EQ(badge(), QRectF(60, 60, 200, 24));
+    drag({{70, 70}, {20, 70}, {0, 70}, {-5, 70}, {25, 70}});
+    EXPECT_EQ(badge(), QRectF(-15, 60, 200, 24)) << "in, along, not back out on the right";
+    drag({{0, 70}, {0, 200}, {-40, 70}});
+    EXPECT_EQ(badge(), QRectF(-15, 60, 200, 24)) << "never out below nor further out left";
+    EXPECT_EQ(storedLocation(), "-1.250000,0.000000");
+}
+
 TEST_F(BadgePosition, ArrowKeysNudgeOnePointAndStoreWhenLetGo) {
     open();
     QWidget* page = editor->view();
