@@ -54,10 +54,12 @@ bool allowedMove(const QRectF& square, const QRectF& from, const QRectF& to) {
                         to.bottom());
 }
 
-// The white rounded square with its thin black rim.
+// The white rounded square with its thin black rim; while the page has the keyboard, a focus
+// ring around the badge, which the arrow keys move.
 class RoundedSquare : public QWidget {
 public:
-    using QWidget::QWidget;
+    RoundedSquare(QWidget* page) : QWidget(page), page_(page) {}
+    QWidget* badge = nullptr;
 
 protected:
     void paintEvent(QPaintEvent*) override {
@@ -66,7 +68,13 @@ protected:
         painter.setPen(QPen(Qt::black, 1.0));
         painter.setBrush(Qt::white);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 10, 10);
+        if (badge != nullptr && Appearance::showsFocusRing(page_))
+            Appearance::drawFocusRing(painter, QRectF(badge->geometry()).adjusted(-4, -4, 4, 4),
+                                      badge->height() / 2.0 + 4);
     }
+
+private:
+    QWidget* page_;
 };
 
 QLabel* imageView(QWidget* parent, const QImage& image, const QString& accessibleName) {
@@ -97,7 +105,8 @@ void BadgePositionViewController::viewDidLoad() {
     root->installEventFilter(this);
 
     const float iconSize = sender_ ? sender_->iconSize() : 0;
-    innerView_ = new RoundedSquare(root);
+    auto* square = new RoundedSquare(root);
+    innerView_ = square;
     innerView_->setAttribute(Qt::WA_TransparentForMouseEvents);
     innerView_->setAccessibleName("Icon area");
     setFrame(innerView_, squareFrame(size, iconSize));
@@ -112,6 +121,7 @@ void BadgePositionViewController::viewDidLoad() {
     const QRectF icon = frame(iconImageView_);
     const QImage badge = sender_ ? sender_->finalBadgeImage() : QImage();
     badgeImageView_ = imageView(innerView_, badge, "Badge");
+    square->badge = badgeImageView_;
     setFrame(badgeImageView_,
              QRectF(float(icon.x() + location.x * icon.width()),
                     float(icon.y() + location.y * icon.height()),
@@ -193,6 +203,10 @@ bool BadgePositionViewController::eventFilter(QObject* watched, QEvent* event) {
         return innerView_->mapFrom(view(), static_cast<QMouseEvent*>(e)->position());
     };
     switch (event->type()) {
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        innerView_->update();
+        return false;
     case QEvent::MouseButtonPress:
         view()->setFocus(Qt::MouseFocusReason);
         touchesBegan(inSquare(event));
