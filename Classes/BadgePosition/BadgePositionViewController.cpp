@@ -33,16 +33,33 @@ QRectF squareFrame(QSizeF view, float iconSize) {
             side};
 }
 
-// Edges touching count as inside, and so does a badge with no size.
-bool containsWhole(const QRectF& outer, const QRectF& inner) {
-    return inner.left() >= outer.left() && inner.top() >= outer.top() &&
-           inner.right() <= outer.right() && inner.bottom() <= outer.bottom();
+// Whether a badge may move from one span to another along one axis of the square [low, high]: a
+// badge that fits must stay inside (edges touching count as inside, and so does a badge with no
+// size); one longer than the square can never fit, and may move as long as it reaches no further
+// out than before, so that it can still be dragged.
+bool allowedAlong(qreal low, qreal high, qreal fromLow, qreal fromHigh, qreal toLow, qreal toHigh) {
+    if (fromHigh - fromLow <= high - low)
+        return toLow >= low && toHigh <= high;
+    const auto outside = [&](qreal a, qreal b) {
+        return std::max<qreal>(0, low - a) + std::max<qreal>(0, b - high);
+    };
+    constexpr qreal rounding = 1e-6;
+    return outside(toLow, toHigh) <= outside(fromLow, fromHigh) + rounding;
 }
 
-// The white rounded square with its thin black rim.
+bool allowedMove(const QRectF& square, const QRectF& from, const QRectF& to) {
+    return allowedAlong(square.left(), square.right(), from.left(), from.right(), to.left(),
+                        to.right()) &&
+           allowedAlong(square.top(), square.bottom(), from.top(), from.bottom(), to.top(),
+                        to.bottom());
+}
+
+// The white rounded square with its thin black rim; while the page has the keyboard, a focus
+// ring around the badge, which the arrow keys move.
 class RoundedSquare : public QWidget {
 public:
-    using QWidget::QWidget;
+    RoundedSquare(QWidget* page) : QWidget(page), page_(page) {}
+    QWidget* badge = nullptr;
 
 protected:
     void paintEvent(QPaintEvent*) override {
@@ -51,7 +68,13 @@ protected:
         painter.setPen(QPen(Qt::black, 1.0));
         painter.setBrush(Qt::white);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 10, 10);
+        if (badge != nullptr && Appearance::showsFocusRing(page_))
+            Appearance::drawFocusRing(painter, QRectF(badge->geometry()).adjusted(-4, -4, 4, 4),
+                                      badge->height() / 2.0 + 4);
     }
+
+private:
+    QWidget* page_;
 };
 
 QLabel* imageView(QWidget* parent, const QImage& image, const QString& accessibleName) {
@@ -82,7 +105,8 @@ void BadgePositionViewController::viewDidLoad() {
     root->installEventFilter(this);
 
     const float iconSize = sender_ ? sender_->iconSize() : 0;
-    innerView_ = new RoundedSquare(root);
+    auto* square = new RoundedSquare(root);
+    innerView_ = square;
     innerView_->setAttribute(Qt::WA_TransparentForMouseEvents);
     innerView_->setAccessibleName("Icon area");
     setFrame(innerView_, squareFrame(size, iconSize));
@@ -97,6 +121,7 @@ void BadgePositionViewController::viewDidLoad() {
     const QRectF icon = frame(iconImageView_);
     const QImage badge = sender_ ? sender_->finalBadgeImage() : QImage();
     badgeImageView_ = imageView(innerView_, badge, "Badge");
+    square->badge = badgeImageView_;
     setFrame(badgeImageView_,
              QRectF(float(icon.x() + location.x * icon.width()),
                     float(icon.y() + location.y * icon.height()),
@@ -153,8 +178,9 @@ void BadgePositionViewController::touchesEnded() {
 }
 
 void BadgePositionViewController::moveBadgeIfInside(QPointF offset) {
-    const QRectF candidate = frame(badgeImageView_).translated(offset);
-    if (containsWhole(bounds(innerView_), candidate))
+    const QRectF current = frame(badgeImageView_);
+    const QRectF candidate = current.translated(offset);
+    if (allowedMove(bounds(innerView_), current, candidate))
         setFrame(badgeImageView_, candidate);
 }
 
@@ -177,6 +203,10 @@ bool BadgePositionViewController::eventFilter(QObject* watched, QEvent* event) {
         return innerView_->mapFrom(view(), static_cast<QMouseEvent*>(e)->position());
     };
     switch (event->type()) {
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        innerView_->update();
+        return false;
     case QEvent::MouseButtonPress:
         view()->setFocus(Qt::MouseFocusReason);
         touchesBegan(inSquare(event));

@@ -1,8 +1,10 @@
 #include "FeedbackMailComposer.h"
 
+#include "Animations.h"
 #include "Appearance.h"
 #include "DraftMenu.h"
 #include "MailDrafts.h"
+#include "ModalScope.h"
 #include "NoticeLabel.h"
 #include "SendmailDelivery.h"
 #include "ViewGeometry.h"
@@ -213,12 +215,13 @@ void FeedbackMailComposer::presentOver(QWidget* host, bool animated) {
     setPresentation(animated ? 0 : 1);
     show();
     raise();
+    new ModalScope(this);
     bodyField_->setFocus();
     bodyField_->moveCursor(QTextCursor::End);
     if (!animated)
         return;
     auto* slide = new QPropertyAnimation(this, "presentation", this);
-    slide->setDuration(presentMilliseconds);
+    slide->setDuration(Animations::duration(presentMilliseconds));
     slide->setEasingCurve(QEasingCurve::OutCubic);
     slide->setEndValue(1.0);
     slide->start(QAbstractAnimation::DeleteWhenStopped);
@@ -231,7 +234,7 @@ void FeedbackMailComposer::dismissViewControllerAnimated(bool animated) {
         return;
     }
     auto* slide = new QPropertyAnimation(this, "presentation", this);
-    slide->setDuration(presentMilliseconds);
+    slide->setDuration(Animations::duration(presentMilliseconds));
     slide->setEasingCurve(QEasingCurve::InCubic);
     slide->setEndValue(0.0);
     connect(slide, &QAbstractAnimation::finished, this, &QObject::deleteLater);

@@ -1,7 +1,9 @@
 // The font sheet: the font picker under a Done bar, sliding up from the bottom edge over a clear
 // tap catcher that closes it, as Done and Escape do.
+#include "Animations.h"
 #include "Appearance.h"
 #include "ColorText.h"
+#include "ModalScope.h"
 #include "PickerWheel.h"
 #include "PomwickPreferencesViewController.h"
 #include "Settings.h"
@@ -9,6 +11,8 @@
 #include "ViewGeometry.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
 #include <QHBoxLayout>
@@ -38,16 +42,35 @@ protected:
     }
 };
 
-// A clear control over the rest of the screen: a tap anywhere on it is a touch up inside.
+// A clear control over the rest of the screen: a tap anywhere on it is a touch up inside, once
+// the sheet has arrived; the second click of the double click that opened it is not one.
 class TapCatcher : public QAbstractButton {
 public:
     explicit TapCatcher(QWidget* parent) : QAbstractButton(parent) {
         setFocusPolicy(Qt::NoFocus);
         setAccessibleName("Close font sheet");
+        shown_.start();
     }
+    void arm() { armed_ = true; }
 
 protected:
     void paintEvent(QPaintEvent*) override {}
+    bool event(QEvent* event) override {
+        const QEvent::Type type = event->type();
+        if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick)
+            swallowing_ = !armed_ || shown_.elapsed() < QApplication::doubleClickInterval();
+        const bool swallow = swallowing_ && (type == QEvent::MouseButtonPress ||
+                                             type == QEvent::MouseButtonDblClick ||
+                                             type == QEvent::MouseButtonRelease);
+        if (type == QEvent::MouseButtonRelease)
+            swallowing_ = false;
+        return swallow || QAbstractButton::event(event);
+    }
+
+private:
+    QElapsedTimer shown_;
+    bool armed_ = false;
+    bool swallowing_ = false;
 };
 
 // While the sheet moves it takes no touches: a clear cover over it swallows them, so that the
@@ -92,7 +115,7 @@ QPushButton* doneButton(QWidget* parent) {
     auto* done = new QPushButton("Done", parent);
     done->setFlat(true);
     done->setCursor(Qt::PointingHandCursor);
-    done->setFocusPolicy(Qt::StrongFocus);
+    done->setFocusPolicy(Qt::TabFocus);
     done->setFont(Appearance::systemFont(17, QFont::DemiBold));
     done->setStyleSheet(
         QString("QPushButton { color: %1; border: 1px solid transparent; "
@@ -123,11 +146,11 @@ void slide(QWidget* view, const QRectF& to, qreal opacity, std::function<void()>
     }
     auto* group = new QParallelAnimationGroup(view);
     auto* move = new QPropertyAnimation(view, "geometry", group);
-    move->setDuration(slideMilliseconds);
+    move->setDuration(Animations::duration(slideMilliseconds));
     move->setEndValue(to.toRect());
     move->setEasingCurve(QEasingCurve::InOutQuad);
     auto* fade = new QPropertyAnimation(opacityEffect(view), "opacity", group);
-    fade->setDuration(slideMilliseconds);
+    fade->setDuration(Animations::duration(slideMilliseconds));
     fade->setEndValue(opacity);
     QObject::connect(group, &QAbstractAnimation::finished, view, std::move(done));
     group->start(QAbstractAnimation::DeleteWhenStopped);
@@ -197,10 +220,13 @@ void PomwickPreferencesViewController::showFontPicker() {
     connect(escape, &QShortcut::activated, this, [this] { hideFontPicker(); });
     container->show();
     fontContainerView_ = container;
+    // The keyboard stays in the sheet until it leaves, then goes back to the row that opened it.
+    new ModalScope(container, {dimming}, mainTableView_);
 
     slide(container, QRectF(0, viewBounds.height() - sheetHeight, viewBounds.width(), sheetHeight),
-          1.0, [container, picker] {
+          1.0, [container, picker, dimming] {
               setAlpha(container, 1.0);
+              dimming->arm();
               setTakesTouches(container, true);
               // The keyboard follows the sheet: its first wheel, then Tab to the others and Done.
               QWidget* firstWheel = picker->wheel(0);
@@ -215,9 +241,7 @@ void PomwickPreferencesViewController::hideFontPicker() {
         return;
     const QRectF viewBounds = bounds(view());
     const QRectF sheet = frame(container);
-    // The keyboard goes back to the list, not to whichever control follows the sheet's.
-    if (container->isAncestorOf(container->window()->focusWidget()))
-        mainTableView_->setFocus(Qt::OtherFocusReason);
+    ModalScope::endFor(container);
     setTakesTouches(container, false);
     slide(container, QRectF(0, viewBounds.height(), sheet.width(), sheet.height()), 0.0,
           [container, dimming = QPointer<QWidget>(dimmingView_)] {

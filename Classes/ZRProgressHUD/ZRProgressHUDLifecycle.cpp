@@ -1,5 +1,6 @@
 // When the notice shows and hides: grace time, minimum show time, delayed hides, the fade and
 // zoom animations, work run while shown, and turning with the window's screen.
+#include "Animations.h"
 #include "ZRProgressHUD.h"
 
 #include <QCoreApplication>
@@ -139,7 +140,7 @@ void ZRProgressHUD::animate(const std::vector<std::pair<const char*, qreal>>& ta
     auto* group = new QParallelAnimationGroup(this);
     for (const auto& [property, value] : targets) {
         auto* step = new QPropertyAnimation(this, property, group);
-        step->setDuration(duration);
+        step->setDuration(Animations::duration(duration));
         step->setEasingCurve(QEasingCurve::InOutQuad);
         step->setEndValue(value);
         group->addAnimation(step);
@@ -285,7 +286,7 @@ void ZRProgressHUD::setTransformForCurrentOrientation(bool animated) {
         return;
     }
     auto* turn = new QPropertyAnimation(this, "rotationAngle", this);
-    turn->setDuration(200);
+    turn->setDuration(Animations::duration(200));
     turn->setEndValue(angle);
     turn->start(QAbstractAnimation::DeleteWhenStopped);
 }

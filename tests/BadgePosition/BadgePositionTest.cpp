@@ -6,6 +6,7 @@
 #include "TemporaryDeviceRoot.h"
 #include "ViewGeometry.h"
 
+#include <QApplication>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
@@ -106,6 +107,32 @@ TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItAndNeverOutOfTheSquare) {
     // Edges may touch: the badge goes right up to the square's edge.
     drag({{50, 80}, {10, 66}});
     EXPECT_EQ(badge(), QRectF(0, 56, 30, 24));
+}
+
+TEST_F(BadgePosition, ABadgeWiderThanTheSquareDragsInwardAndAlongButNoFurtherOut) {
+    sender.badge = QImage(200, 24, QImage::Format_ARGB32_Premultiplied);
+    open();
+    EXPECT_EQ(badge(), QRectF(60, 60, 200, 24));
+    drag({{70, 70}, {20, 70}, {0, 70}, {-5, 70}, {25, 70}});
+    EXPECT_EQ(badge(), QRectF(-15, 60, 200, 24)) << "in, along, not back out on the right";
+    drag({{0, 70}, {0, 200}, {-40, 70}});
+    EXPECT_EQ(badge(), QRectF(-15, 60, 200, 24)) << "never out below nor further out left";
+    EXPECT_EQ(storedLocation(), "-1.250000,0.000000");
+}
+
+TEST_F(BadgePosition, TheBadgeWearsARingOnlyWhileThePageHasTheKeyboard) {
+    open();
+    QApplication::setActiveWindow(editor->view());
+    const auto ringed = [&] {
+        // Just left of the badge's left edge, in the square: white, or the ring's tint.
+        const QColor pixel = editor->innerView()->grab().toImage().pixelColor(58, 72);
+        return pixel.blue() > 200 && pixel.red() < 60;
+    };
+    editor->view()->setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(ringed());
+    editor->view()->clearFocus();
+    editor->view()->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(ringed());
 }
 
 TEST_F(BadgePosition, ArrowKeysNudgeOnePointAndStoreWhenLetGo) {

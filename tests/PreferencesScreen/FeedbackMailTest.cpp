@@ -1,5 +1,6 @@
 // The "Contact Us" row end to end: the composer, the message a recording sendmail receives (read
 // back with Python's email package), and the notice that reports the result.
+#include "Animations.h"
 #include "FeedbackMailComposer.h"
 #include "MailDrafts.h"
 #include "MailMessage.h"
@@ -33,6 +34,8 @@ using namespace std::chrono_literals;
 // A sendmail placed first on PATH: it records its arguments and the message, then does as told.
 class MailFixture : public ScreenFixture {
 protected:
+    // The notices are caught while they fade.
+    Animations::ScaleOverride realLengths_{1};
     void SetUp() override {
         ScreenFixture::SetUp();
         savedPath_ = qgetenv("PATH");

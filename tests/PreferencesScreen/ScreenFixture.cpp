@@ -44,17 +44,19 @@ QString ScreenFixture::text(int section, int row) const {
 }
 
 void ScreenFixture::expectAlert(const QString& title, const QString& text) {
-    QMessageBox* shown = nullptr;
+    std::vector<QMessageBox*> shown;
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* box = qobject_cast<QMessageBox*>(window); box && box->isVisible())
-            shown = box;
-    EXPECT_NE(shown, nullptr) << title.toStdString();
-    if (shown) {
-        EXPECT_EQ(shown->windowTitle(), title);
-        EXPECT_EQ(shown->text(), text);
-        EXPECT_EQ(shown->buttons().size(), 1);
-        EXPECT_EQ(shown->buttons().value(0)->text(), "Ok");
-    }
+            shown.push_back(box);
+    ASSERT_EQ(shown.size(), 1u) << title.toStdString();
+    QMessageBox* box = shown.front();
+    EXPECT_EQ(box->windowTitle(), title);
+    EXPECT_EQ(box->text(), text);
+    EXPECT_NE(box->windowModality(), Qt::NonModal);
+    EXPECT_EQ(box->buttons().size(), 1);
+    EXPECT_EQ(box->buttons().value(0)->text(), "Ok");
+    box->buttons().value(0)->click();
+    EXPECT_FALSE(box->isVisible());
 }
 
 std::string ScreenFixture::stored(std::string_view key) const {

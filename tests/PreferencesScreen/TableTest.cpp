@@ -53,7 +53,13 @@ TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
     EXPECT_EQ(control<ColorSwatch>(1, 3)->color(), QColor(Qt::white));
     EXPECT_EQ(control<ColorSwatch>(1, 5)->color(), QColor(Qt::black));
     EXPECT_FLOAT_EQ(control<Slider>(1, 6)->value(), 1.2f);
-    EXPECT_EQ(textColor(cell(3, 3)->textLabel()), QColor(Qt::blue));
+    // "Donate" is blue where it is drawn, not only in its palette.
+    const QImage donate = cell(3, 3)->grab().toImage();
+    int blue = 0;
+    for (int y = 0; y < donate.height(); ++y)
+        for (int x = 0; x < donate.width(); ++x)
+            blue += donate.pixelColor(x, y).blue() > 180 && donate.pixelColor(x, y).red() < 90;
+    EXPECT_GT(blue, 20);
 }
 
 TEST_F(Table, SwitchedOffOrHiddenDimsAndDisablesTheBadgeRowsBelowTheControlThatDidIt) {

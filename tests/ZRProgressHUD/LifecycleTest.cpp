@@ -1,5 +1,6 @@
 // When the notice shows and hides. Timers are fired by hand and animations run to their end by
 // hand, with a clock the test moves: nothing here waits for real time but the worker threads.
+#include "Animations.h"
 #include "ZRProgressHUD.h"
 
 #include <QAbstractAnimation>
@@ -60,6 +61,8 @@ protected:
         hud->setCompletionBlock([this] { listener.events.push_back("completion"); });
     }
 
+    // The fades are stepped through by hand, at their real lengths.
+    Animations::ScaleOverride realLengths{1};
     QWidget host;
     Listener listener;
     ZRProgressHUD* hud;

@@ -6,7 +6,7 @@
 
 namespace pomwick {
 
-// A non-modal alert with a title, a message and one button that dismisses it.
+// An alert with a title, a message and one button that dismisses it.
 class POMWICK_PLATFORM_EXPORT AlertView {
 public:
     AlertView(QString title, QString message, QString cancelButtonTitle);

@@ -1,10 +1,64 @@
 #include "Appearance.h"
 
+#include <QApplication>
+#include <QFocusEvent>
 #include <QFontDatabase>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QWidget>
 #include <map>
 
 namespace pomwick::Appearance {
+namespace {
+
+// Follows whether the user steers with the keyboard or the pointer: the last key or click decides,
+// and so does how the focus last arrived (Tab, or a click).
+class InputModality : public QObject {
+public:
+    InputModality() { qApp->installEventFilter(this); }
+    bool keyboard = false;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::KeyPress:
+            set(true);
+            break;
+        case QEvent::MouseButtonPress:
+        case QEvent::TouchBegin:
+            set(false);
+            break;
+        case QEvent::FocusIn:
+            switch (static_cast<QFocusEvent*>(event)->reason()) {
+            case Qt::TabFocusReason:
+            case Qt::BacktabFocusReason:
+            case Qt::ShortcutFocusReason:
+                set(true);
+                break;
+            case Qt::MouseFocusReason:
+                set(false);
+                break;
+            default:
+                break;
+            }
+            break;
+        default:
+            break;
+        }
+        return false;
+    }
+
+private:
+    void set(bool byKeyboard) {
+        if (keyboard == byKeyboard)
+            return;
+        keyboard = byKeyboard;
+        if (QWidget* focused = QApplication::focusWidget())
+            focused->update();
+    }
+};
+
+} // namespace
 
 QColor tint() {
     return QColor(0, 122, 255);
@@ -38,13 +92,31 @@ QFont systemFont(int points, QFont::Weight weight) {
     return found->second;
 }
 
+qreal hairlineWidth(const QPainter& painter) {
+    // The engine's device is where the pixels go: the backing store, or the image a widget is
+    // rendered into, whose scale may differ from the widget's screen.
+    const QPaintEngine* engine = painter.paintEngine();
+    const QPaintDevice* device = engine != nullptr ? engine->paintDevice() : painter.device();
+    return device != nullptr ? 1 / std::max<qreal>(1, device->devicePixelRatioF()) : 1;
+}
+
+bool showsFocusRing(const QWidget* widget) {
+    static auto* modality = new InputModality;
+    return widget->hasFocus() && modality->keyboard;
+}
+
 void drawFocusRing(QPainter& painter, const QRectF& outline, qreal radius) {
     painter.save();
     painter.setOpacity(1);
-    painter.setPen(QPen(tint(), 2));
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    const QRectF ring = outline.adjusted(1, 1, -1, -1);
-    painter.drawRoundedRect(ring, std::max<qreal>(0, radius - 1), std::max<qreal>(0, radius - 1));
+    // The tinted ring inside a white one: one of the two stands out from any colour around it.
+    const QRectF ring = outline.adjusted(2, 2, -2, -2);
+    const qreal inner = std::max<qreal>(0, radius - 2);
+    painter.setPen(QPen(Qt::white, 4));
+    painter.drawRoundedRect(ring, inner, inner);
+    painter.setPen(QPen(tint(), 2));
+    painter.drawRoundedRect(ring, inner, inner);
     painter.restore();
 }
 

@@ -431,13 +431,8 @@ void CollectionView::paintEvent(QPaintEvent* event) {
     }
     painter.setOpacity(1);
     if (hasFocus() && keyboardFocus_ && currentIndex().isValid() &&
-        currentIndex().row() < numberOfItems()) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(Appearance::tint(), 3));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(
-            frames_[currentIndex().row()].translated(origin).adjusted(1.5, 1.5, -1.5, -1.5));
-    }
+        currentIndex().row() < numberOfItems())
+        Appearance::drawFocusRing(painter, frames_[currentIndex().row()].translated(origin), 0);
     retireHiddenCells();
 }
 

@@ -19,7 +19,7 @@ void ImageButton::paintEvent(QPaintEvent*) {
     if (isDown())
         painter.setOpacity(0.4);
     painter.drawImage(QRectF(rect()), image_);
-    if (hasFocus())
+    if (Appearance::showsFocusRing(this))
         Appearance::drawFocusRing(painter, QRectF(rect()), width() / 2.0);
 }
 

@@ -1,11 +1,18 @@
 #include "NavigationController.h"
 
+#include "Animations.h"
 #include "Appearance.h"
+#include "ModalScope.h"
 #include "ViewGeometry.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QParallelAnimationGroup>
+#include <QPropertyAnimation>
 #include <QResizeEvent>
+#include <QShortcut>
 
 namespace pomwick {
 namespace {
@@ -19,13 +26,16 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.fillRect(rect(), Appearance::barBackground());
-        painter.fillRect(QRectF(0, height() - 0.5, width(), 0.5), Appearance::hairline());
+        const qreal line = Appearance::hairlineWidth(painter);
+        painter.fillRect(QRectF(0, height() - line, width(), line), Appearance::hairline());
     }
 };
 
 QPushButton* barButton(QWidget* parent) {
     auto* button = new QPushButton(parent);
     button->setFlat(true);
+    // A click is no reason for a ring: the focus comes here by Tab only.
+    button->setFocusPolicy(Qt::TabFocus);
     button->setCursor(Qt::PointingHandCursor);
     button->setFont(Appearance::systemFont(17));
     button->setStyleSheet(
@@ -34,6 +44,28 @@ QPushButton* barButton(QWidget* parent) {
                 "QPushButton:focus { border-color: %1; }")
             .arg(Appearance::tint().name(), Appearance::tint().lighter(160).name()));
     return button;
+}
+
+constexpr int slideMilliseconds = 350;
+
+// The first control of the page that Tab would reach.
+QWidget* firstTabStop(QWidget* page) {
+    for (QWidget* next = page->nextInFocusChain(); next != nullptr && next != page;
+         next = next->nextInFocusChain())
+        if (page->isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) && next->isEnabled() &&
+            next->isVisibleTo(page))
+            return next;
+    return nullptr;
+}
+
+bool isPointerInput(QEvent::Type type) {
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+           type == QEvent::MouseButtonRelease || type == QEvent::MouseMove || type == QEvent::Wheel;
+}
+
+bool isKeyInput(QEvent::Type type) {
+    return type == QEvent::KeyPress || type == QEvent::KeyRelease ||
+           type == QEvent::ShortcutOverride;
 }
 
 } // namespace
@@ -45,14 +77,26 @@ NavigationController::NavigationController(ViewController* root, QSize size, QWi
     title_->setAlignment(Qt::AlignCenter);
     auto* layout = new QHBoxLayout(bar_);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(back_, 1, Qt::AlignLeft);
-    layout->addWidget(title_, 2);
-    layout->addWidget(right_, 1, Qt::AlignRight);
+    layout->addWidget(back_, 0, Qt::AlignLeft);
+    layout->addStretch(1);
+    layout->addWidget(right_, 0, Qt::AlignRight);
+    // The title is centred on the bar whatever the buttons' widths: placed by layoutBar().
+    title_->raise();
     connect(back_, &QPushButton::clicked, this, [this] { popViewControllerAnimated(true); });
     connect(right_, &QPushButton::clicked, this, [this] {
         if (auto* top = topViewController(); top && top->rightBarButtonItem())
             top->rightBarButtonItem()->action();
     });
+    auto* altLeft = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this);
+    altLeft->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(altLeft, &QShortcut::activated, this, &NavigationController::goBack);
+    auto* quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
+    quit->setContext(Qt::ApplicationShortcut);
+    connect(quit, &QShortcut::activated, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    sinceTransition_.start();
+    // The narrowest phone's width: below it the bar's buttons meet the title and the rows'
+    // controls their labels.
+    setMinimumSize(320, 320);
     settle_.setSingleShot(true);
     settle_.setInterval(60);
     connect(&settle_, &QTimer::timeout, this, &NavigationController::reportRotation);
@@ -61,9 +105,12 @@ NavigationController::NavigationController(ViewController* root, QSize size, QWi
 }
 
 // The controllers are children: they go with the stack, and with them whatever they connected.
-NavigationController::~NavigationController() = default;
+NavigationController::~NavigationController() {
+    qApp->removeEventFilter(this);
+}
 
 void NavigationController::pushViewController(ViewController* controller, bool animated) {
+    finishTransition();
     ViewController* previous = topViewController();
     controller->setParent(this);
     controller->navigation_ = this;
@@ -73,40 +120,58 @@ void NavigationController::pushViewController(ViewController* controller, bool a
         previous->viewWillDisappear(animated);
     if (appeared_)
         controller->viewWillAppear(animated);
+    QWidget* focus = window()->focusWidget();
+    const bool focusOnPage = previous != nullptr && previous->view()->isAncestorOf(focus);
+    if (previous != nullptr)
+        returnFocus_.emplace_back(focusOnPage ? focus : nullptr);
     stack_.push_back(controller);
     view->setParent(content_);
     connect(controller, &ViewController::navigationItemChanged, this,
             &NavigationController::updateBar);
     layoutContent();
     view->show();
-    if (previous != nullptr) {
-        previous->view()->hide();
-        if (appeared_)
-            previous->viewDidDisappear(animated);
-    }
     updateBar();
-    if (appeared_)
-        controller->viewDidAppear(animated);
+    const bool appeared = appeared_;
+    transition(previous ? previous->view() : nullptr, view, true, animated && appeared, [=, this] {
+        if (previous != nullptr) {
+            previous->view()->hide();
+            if (appeared)
+                previous->viewDidDisappear(animated);
+        }
+        if (appeared)
+            controller->viewDidAppear(animated);
+        // A keyboard user goes on in the new page.
+        if (QWidget* first = focusOnPage ? firstTabStop(view) : nullptr)
+            first->setFocus(Qt::TabFocusReason);
+    });
 }
 
 ViewController* NavigationController::popViewControllerAnimated(bool animated) {
+    finishTransition();
     if (stack_.size() < 2)
         return nullptr;
     ViewController* leaving = stack_.back();
     ViewController* below = stack_[stack_.size() - 2];
     leaving->viewWillDisappear(animated);
-    below->viewWillAppear(animated);
     stack_.pop_back();
-    leaving->view()->hide();
     layoutContent();
     below->view()->show();
-    leaving->viewDidDisappear(animated);
+    // Back to the control that pushed, before the page rebuilds so that it keeps its place.
+    const QPointer<QWidget> opener = returnFocus_.back();
+    returnFocus_.pop_back();
+    if (opener && opener->isVisible() && opener->isEnabled())
+        opener->setFocus(std::exchange(backReason_, Qt::OtherFocusReason));
+    below->viewWillAppear(animated);
     updateBar();
-    below->viewDidAppear(animated);
-    leaving->navigation_ = nullptr;
-    // The caller gets it back but does not own it, as on the device: released once the run
-    // loop comes round.
-    leaving->deleteLater();
+    transition(leaving->view(), below->view(), false, animated && appeared_, [=] {
+        leaving->view()->hide();
+        leaving->viewDidDisappear(animated);
+        below->viewDidAppear(animated);
+        leaving->navigation_ = nullptr;
+        // The caller gets it back but does not own it, as on the device: released once the run
+        // loop comes round.
+        leaving->deleteLater();
+    });
     return leaving;
 }
 
@@ -114,8 +179,100 @@ ViewController* NavigationController::topViewController() const {
     return stack_.empty() ? nullptr : stack_.back();
 }
 
+void NavigationController::transition(QWidget* leaving, QWidget* entering, bool forward,
+                                      bool animated, std::function<void()> done) {
+    const int milliseconds = Animations::duration(slideMilliseconds);
+    if (leaving == nullptr || !animated || milliseconds == 0) {
+        done();
+        return;
+    }
+    sinceTransition_.restart();
+    qApp->installEventFilter(this);
+    // The page on top slides the full width; the one beneath moves a third as far.
+    const int width = content_->width();
+    QWidget* top = forward ? entering : leaving;
+    QWidget* under = forward ? leaving : entering;
+    top->raise();
+    auto* group = new QParallelAnimationGroup(this);
+    const auto move = [&](QWidget* page, int from, int to) {
+        auto* slide = new QPropertyAnimation(page, "pos", group);
+        slide->setDuration(milliseconds);
+        slide->setEasingCurve(QEasingCurve::OutCubic);
+        slide->setStartValue(QPoint(from, page->y()));
+        slide->setEndValue(QPoint(to, page->y()));
+    };
+    move(top, forward ? width : 0, forward ? 0 : width);
+    move(under, forward ? 0 : -width / 3, forward ? -width / 3 : 0);
+    connect(group, &QAbstractAnimation::finished, this, [this, done = std::move(done)] {
+        done();
+        layoutContent();
+    });
+    transition_ = group;
+    group->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+// A new push or pop lands the one in progress at once.
+void NavigationController::finishTransition() {
+    if (transition_)
+        transition_->setCurrentTime(transition_->totalDuration());
+}
+
+bool NavigationController::isTransitioning() const {
+    return transition_ && transition_->state() == QAbstractAnimation::Running;
+}
+
+void NavigationController::goBack() {
+    if (isTransitioning() || ModalScope::isActiveIn(this) || stack_.size() < 2)
+        return;
+    backReason_ = Qt::ShortcutFocusReason;
+    popViewControllerAnimated(true);
+}
+
+void NavigationController::keyPressEvent(QKeyEvent* event) {
+    // Escape reaches here only when nothing in the page wanted it.
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier &&
+        stack_.size() > 1) {
+        goBack();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+// While pages slide, neither takes input; nor does the rest of a double click whose first click
+// started the slide, which would otherwise land on whatever the new page has under the pointer.
+bool NavigationController::eventFilter(QObject* watched, QEvent* event) {
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    if (widget == nullptr || (widget != this && !isAncestorOf(widget)))
+        return false;
+    const QEvent::Type type = event->type();
+    const bool running = isTransitioning();
+    const bool doubleClickTail = sinceTransition_.elapsed() < QApplication::doubleClickInterval();
+    if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
+        swallowingClick_ = running || doubleClickTail;
+        return swallowingClick_;
+    }
+    if (isPointerInput(type)) {
+        const bool swallow = running || swallowingClick_;
+        if (type == QEvent::MouseButtonRelease)
+            swallowingClick_ = false;
+        return swallow;
+    }
+    if (!running && !swallowingClick_ && !doubleClickTail)
+        qApp->removeEventFilter(this);
+    return running && isKeyInput(type);
+}
+
+void NavigationController::layoutBar() {
+    const auto taken = [](const QPushButton* button) {
+        return button->isVisibleTo(button->parentWidget()) ? button->sizeHint().width() : 0;
+    };
+    const int side = std::max(taken(back_), taken(right_));
+    title_->setGeometry(side, 0, std::max(0, width() - 2 * side), barHeight);
+}
+
 void NavigationController::layoutContent() {
     bar_->setGeometry(0, 0, width(), barHeight);
+    layoutBar();
     content_->setGeometry(0, barHeight, width(), std::max(0, height() - barHeight));
     if (ViewController* top = topViewController())
         setFrame(top->view(), QRectF(0, 0, content_->width(), content_->height()));
@@ -131,6 +288,7 @@ void NavigationController::updateBar() {
     const BarButtonItem* item = top ? top->rightBarButtonItem() : nullptr;
     right_->setVisible(item != nullptr);
     right_->setText(item ? item->title : QString());
+    layoutBar();
 }
 
 void NavigationController::resizeEvent(QResizeEvent* event) {

@@ -1,5 +1,6 @@
 #include "PickerWheel.h"
 
+#include "Animations.h"
 #include "Appearance.h"
 #include "PickerView.h"
 
@@ -59,7 +60,7 @@ PickerWheel::PickerWheel(PickerView* picker, int component)
     : ScrollingItemView(picker), picker_(picker), component_(component), model_(new Model(this)),
       animation_(new QPropertyAnimation(this, "position", this)) {
     setModel(model_);
-    animation_->setDuration(turnDurationMs);
+    animation_->setDuration(Animations::duration(turnDurationMs));
     animation_->setEasingCurve(QEasingCurve::OutCubic);
     connect(animation_, &QPropertyAnimation::finished, this, [this] {
         if (target_)
@@ -375,7 +376,7 @@ void PickerWheel::paintEvent(QPaintEvent*) {
         painter.restore();
     }
     retireRows(first, last);
-    if (hasFocus()) {
+    if (Appearance::showsFocusRing(this)) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(Appearance::tint(), 2));
         painter.setBrush(Qt::NoBrush);

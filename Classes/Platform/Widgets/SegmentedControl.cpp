@@ -138,7 +138,7 @@ void SegmentedControl::paintEvent(QPaintEvent*) {
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(outline);
     for (QAbstractButton* button : segments)
-        if (button->hasFocus())
+        if (Appearance::showsFocusRing(button))
             Appearance::drawFocusRing(painter, segmentRect(group_.id(button)), 4);
 }
 

@@ -116,7 +116,7 @@ void Slider::paintEvent(QPaintEvent*) {
     painter.setBrush(Qt::white);
     painter.setPen(QPen(QColor(0, 0, 0, 30), 0.5));
     painter.drawEllipse(thumb);
-    if (hasFocus())
+    if (Appearance::showsFocusRing(this))
         Appearance::drawFocusRing(painter, thumb.adjusted(-1, -1, 1, 1), thumbDiameter / 2 + 1);
 }
 

@@ -44,7 +44,7 @@ void Switch::paintEvent(QPaintEvent*) {
     painter.setBrush(Qt::white);
     painter.setPen(QPen(QColor(0, 0, 0, 25), 0.5));
     painter.drawEllipse(thumb);
-    if (hasFocus())
+    if (Appearance::showsFocusRing(this))
         Appearance::drawFocusRing(painter, track, radius);
 }
 

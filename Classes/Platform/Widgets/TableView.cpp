@@ -1,5 +1,6 @@
 #include "TableView.h"
 
+#include "Animations.h"
 #include "Appearance.h"
 #include "ViewGeometry.h"
 
@@ -26,9 +27,10 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.fillRect(rect(), Appearance::groupedBackground());
+        const qreal line = Appearance::hairlineWidth(painter);
         for (const QRectF& group : groups) {
-            painter.fillRect(QRectF(0, group.top() - 0.5, width(), 0.5), Appearance::hairline());
-            painter.fillRect(QRectF(0, group.bottom(), width(), 0.5), Appearance::hairline());
+            painter.fillRect(QRectF(0, group.top() - line, width(), line), Appearance::hairline());
+            painter.fillRect(QRectF(0, group.bottom(), width(), line), Appearance::hairline());
         }
     }
 };
@@ -226,7 +228,7 @@ void TableView::deselectRowAtIndexPath(IndexPath indexPath, bool animated) {
     }
     // The highlight fades out as the device's does.
     QPointer<TableViewCell> fading(cell);
-    QTimer::singleShot(250, cell, [fading] {
+    QTimer::singleShot(Animations::duration(250), cell, [fading] {
         if (fading)
             fading->setHighlighted(false);
     });
@@ -248,7 +250,7 @@ void TableView::scrollToRowAtIndexPath(IndexPath indexPath, ScrollPosition posit
         return;
     }
     auto* animation = new QPropertyAnimation(bar, "value", this);
-    animation->setDuration(300);
+    animation->setDuration(Animations::duration(300));
     animation->setEndValue(clamped);
     animation->setEasingCurve(QEasingCurve::OutCubic);
     animation->start(QAbstractAnimation::DeleteWhenStopped);

@@ -14,6 +14,9 @@ TableViewCell::TableViewCell(QString reuseIdentifier, QSizeF size)
       textLabel_(new QLabel(this)) {
     textLabel_->setFont(Appearance::systemFont(17));
     textLabel_->setTextFormat(Qt::PlainText);
+    // A label inside a button draws in the button's text colour unless told otherwise, which
+    // would ignore the colour set on it.
+    textLabel_->setForegroundRole(QPalette::WindowText);
     imageView_->setScaledContents(true);
     imageView_->hide();
     setFrame(this, QRectF(QPointF(0, 0), size));
@@ -84,10 +87,13 @@ void TableViewCell::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool lit = (highlighted_ || isDown()) && selectionStyle_ != SelectionStyle::None;
     painter.fillRect(rect(), lit ? Appearance::selectedCellBackground() : QColor(Qt::white));
-    if (separatorInset_)
-        painter.fillRect(QRectF(*separatorInset_, height() - 0.5, width() - *separatorInset_, 0.5),
-                         Appearance::hairline());
-    if (hasFocus())
+    if (separatorInset_) {
+        const qreal line = Appearance::hairlineWidth(painter);
+        painter.fillRect(
+            QRectF(*separatorInset_, height() - line, width() - *separatorInset_, line),
+            Appearance::hairline());
+    }
+    if (Appearance::showsFocusRing(this))
         Appearance::drawFocusRing(painter, QRectF(rect()), 4);
 }
 

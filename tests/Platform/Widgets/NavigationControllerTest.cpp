@@ -1,6 +1,14 @@
 #include "NavigationController.h"
 
-#include <QCoreApplication>
+#include "Animations.h"
+#include "Appearance.h"
+#include "ModalScope.h"
+
+#include <QAbstractAnimation>
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 using namespace pomwick;
@@ -40,4 +48,131 @@ TEST(NavigationController, TellsControllersTheyAppearAndDisappearInOrder) {
                                 "root willDisappear", "page willAppear", "root didDisappear",
                                 "page didAppear", "page willDisappear", "root willAppear",
                                 "page didDisappear", "root didAppear"}));
+}
+
+namespace {
+
+// A page with two buttons; the first takes the keyboard when the page is pushed.
+class ButtonsController : public ViewController {
+public:
+    explicit ButtonsController(QString title) { setTitle(title); }
+    QPushButton* first = nullptr;
+    QPushButton* second = nullptr;
+    void viewDidLoad() override {
+        auto* layout = new QVBoxLayout(view());
+        first = new QPushButton("first");
+        second = new QPushButton("second");
+        layout->addWidget(first);
+        layout->addWidget(second);
+    }
+};
+
+class Stack : public testing::Test {
+protected:
+    Stack() : root(new ButtonsController("Settings")), navigation(root) {
+        navigation.show();
+        QApplication::setActiveWindow(&navigation);
+        root->first->setFocus(Qt::TabFocusReason);
+    }
+    ButtonsController* push(bool animated = false) {
+        auto* page = new ButtonsController("Background Color");
+        navigation.pushViewController(page, animated);
+        return page;
+    }
+    QWidget* focus() const { return navigation.focusWidget(); }
+    ButtonsController* root;
+    NavigationController navigation;
+};
+
+// The bar drawn at a scale: its image in device pixels.
+QImage drawn(QWidget& widget, qreal scale) {
+    QImage image(widget.size() * scale, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    widget.render(&image);
+    return image;
+}
+
+} // namespace
+
+TEST_F(Stack, EscapeAndAltLeftGoBackWithTheFocusOnTheControlThatPushed) {
+    root->second->setFocus(Qt::TabFocusReason);
+    ButtonsController* page = push();
+    EXPECT_EQ(focus(), page->first) << "the keyboard goes on in the new page";
+    QTest::keyClick(page->first, Qt::Key_Escape);
+    EXPECT_EQ(navigation.topViewController(), root);
+    EXPECT_EQ(focus(), root->second);
+
+    page = push();
+    QTest::keyClick(page->second, Qt::Key_Backspace);
+    EXPECT_EQ(navigation.topViewController(), page) << "Backspace belongs to text";
+    QTest::keyClick(page->second, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(navigation.topViewController(), root);
+    EXPECT_EQ(focus(), root->second);
+    QTest::keyClick(root->second, Qt::Key_Escape);
+    EXPECT_EQ(navigation.topViewController(), root) << "the root has nothing to go back to";
+}
+
+TEST_F(Stack, NeitherPageTakesInputWhileTheySlideNorTheRestOfTheDoubleClick) {
+    Animations::ScaleOverride realLengths(1);
+    ButtonsController* page = push(true);
+    auto* slide = navigation.findChild<QAbstractAnimation*>();
+    ASSERT_NE(slide, nullptr);
+    EXPECT_EQ(slide->state(), QAbstractAnimation::Running);
+    QSignalSpy pressed(page->first, &QPushButton::clicked);
+    QSignalSpy rootPressed(root->first, &QPushButton::clicked);
+    QTest::mouseClick(page->first, Qt::LeftButton);
+    QTest::keyClick(root->first, Qt::Key_Space);
+    slide->setCurrentTime(slide->totalDuration());
+    EXPECT_FALSE(root->view()->isVisible());
+    EXPECT_EQ(page->view()->geometry(), QRect(0, 0, 375, 623));
+    QTest::mouseDClick(page->first, Qt::LeftButton);
+    QTest::mouseRelease(page->first, Qt::LeftButton);
+    EXPECT_EQ(pressed.count() + rootPressed.count(), 0);
+    QTest::keyClick(page->first, Qt::Key_Space);
+    EXPECT_EQ(pressed.count(), 1) << "the keyboard is back once the page is in";
+}
+
+TEST_F(Stack, ASheetKeepsTabInsideAndThePageOutOfReachThenGivesTheFocusBack) {
+    auto* sheet = new QWidget(root->view());
+    auto* layout = new QVBoxLayout(sheet);
+    auto* one = new QPushButton("one");
+    auto* two = new QPushButton("two");
+    layout->addWidget(one);
+    layout->addWidget(two);
+    sheet->show();
+    new ModalScope(sheet);
+    one->setFocus(Qt::TabFocusReason);
+    QSignalSpy pageClicked(root->second, &QPushButton::clicked);
+    for (int press = 0; press < 12; ++press) {
+        QTest::keyClick(focus(), press % 3 ? Qt::Key_Tab : Qt::Key_Backtab);
+        ASSERT_TRUE(focus() == one || focus() == two) << press;
+    }
+    QTest::mouseClick(root->second, Qt::LeftButton);
+    QTest::keyClick(root->second, Qt::Key_Space);
+    QTest::keyClick(two, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(pageClicked.count(), 0);
+    root->second->setFocus();
+    EXPECT_TRUE(sheet->isAncestorOf(focus()));
+    delete sheet;
+    EXPECT_EQ(focus(), root->first);
+}
+
+TEST_F(Stack, HairlineIsOneDevicePixelAndTheTitleCentredAtEveryScale) {
+    push();
+    const QColor hairline = Appearance::hairline();
+    for (const qreal scale : {1.0, 2.0}) {
+        const QImage bar = drawn(navigation, scale);
+        const int bottom = int(NavigationController::barHeight * scale) - 1;
+        EXPECT_EQ(bar.pixelColor(5, bottom), hairline) << scale;
+        EXPECT_EQ(bar.pixelColor(5, bottom - 1), Appearance::barBackground()) << scale;
+        // The title's dark pixels sit around the middle, whatever the back button takes.
+        int left = bar.width(), right = -1;
+        for (int y = 0; y < bottom; ++y)
+            for (int x = 0; x < bar.width(); ++x)
+                if (const QColor c = bar.pixelColor(x, y); c.blue() < 90 && c.red() < 90)
+                    left = std::min(left, x), right = std::max(right, x);
+        ASSERT_GE(right, left) << scale;
+        EXPECT_NEAR((left + right + 1) / 2.0, bar.width() / 2.0, 2 * scale) << scale;
+    }
 }

@@ -1,5 +1,6 @@
 #include "PickerView.h"
 
+#include "Animations.h"
 #include "PickerWheel.h"
 
 #include <QApplication>
@@ -72,6 +73,8 @@ TEST(PickerView, MakesOnlyTheRowsItShowsAndKeepsTheSelectionInsideThem) {
 }
 
 TEST(PickerView, KeysAndTheMouseWheelTurnAWheelAndTellOncePerRest) {
+    // Presses while the wheel still turns add up to one rest: it needs its real turning time.
+    Animations::ScaleOverride realLengths(1);
     ShownPicker shown;
     PickerWheel* wheel = shown.picker.wheel(0);
     wheel->setFocus();
