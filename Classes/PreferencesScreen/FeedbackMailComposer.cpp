@@ -228,6 +228,8 @@ void FeedbackMailComposer::presentOver(QWidget* host, bool animated) {
 }
 
 void FeedbackMailComposer::dismissViewControllerAnimated(bool animated) {
+    // A sheet that starts to leave gives the window back at once, not when it is gone.
+    ModalScope::endFor(this);
     setEnabled(false);
     if (!animated) {
         deleteLater();
