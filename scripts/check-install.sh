@@ -29,6 +29,15 @@ echo "== installed product"
 if grep -rlF "$PWD" "$work/destdir" "$prefix"; then
     fail "the files above name the source tree"
 fi
+# One private library, versioned, that exports our own API and nothing else.
+libraries=$(find "$prefix/lib" -name 'libpomwick*.so*' -type f)
+[ "$(wc -l <<<"$libraries")" -eq 1 ] || fail "expected one shared library, found: $libraries"
+readelf -d "$libraries" | grep -q "SONAME.*libpomwick-platform\.so\.[0-9]" || fail "no versioned SONAME"
+foreign=$(nm -D --defined-only -C "$libraries" | awk '{ $1 = $2 = ""; print }' |
+    grep -v '^  \(pomwick::\|typeinfo for pomwick::\|typeinfo name for pomwick::\|vtable for pomwick::\|VTT for pomwick::\|non-virtual thunk to pomwick::\|virtual thunk to pomwick::\)' || true)
+[ -z "$foreign" ] || fail "the library exports more than its API: $foreign"
+echo "check-install: $(nm -D --defined-only "$libraries" | wc -l) symbols exported"
+
 export QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$work/runtime"
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 for installed in "$work/destdir/usr" "$prefix"; do

@@ -6,10 +6,10 @@ set -euo pipefail
 packages=(
     build-essential cmake ninja-build pkg-config git clang-format
     qt6-base-dev qt6-base-dev-tools libgl-dev
-    libplist-dev libplist-utils libfontconfig-dev fontconfig fonts-dejavu-core fonts-liberation2
+    libplist-dev libfontconfig-dev fontconfig fonts-dejavu-core fonts-liberation2
     libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
     dbus-daemon dbus-bin dbus-x11 libglib2.0-bin
-    xvfb xauth xdotool x11-utils imagemagick
+    xvfb xdotool x11-utils imagemagick
     at-spi2-core python3-pyatspi
     libqt6svg6 locales-all
     libgmime-3.0-dev python3
