@@ -7,6 +7,15 @@ SCREENSHOT=$2
 source "$(dirname "$0")/WindowSession.sh"
 start_session
 
+# The desktop finds the window's entry (StartupWMClass), shows its icon, and cannot shrink it
+# below the size where the bar clips.
+identity=$(xprop -id "$window" WM_CLASS _NET_WM_ICON WM_NORMAL_HINTS)
+grep -q '^WM_CLASS(STRING) = "pomwick-settings"' <<<"$identity" || fail "WM_CLASS: $identity"
+grep -qx 'StartupWMClass=pomwick-settings' "$(dirname "$0")/../../dist/com.velquor.Pomwick.desktop" ||
+    fail "the desktop entry does not name the window's class"
+grep -q 'Icon (' <<<"$identity" || fail "the window has no icon"
+grep -q 'program specified minimum size: [1-9]' <<<"$identity" || fail "no minimum size"
+
 at() { xdotool mousemove --sync $((X + $1)) $((Y + $2)); }
 # Rows of a 414-point-wide window: bar 44, header 3 x 60 + 30, section gaps 35, rows 44.
 enabled_row=$((44 + 210 + 35 + 22))
