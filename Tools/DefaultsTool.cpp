@@ -19,8 +19,9 @@ std::vector<ToolCommand> commands() {
 }
 
 QString commandList() {
-    QString list = QCoreApplication::translate("main", "The settings of Pomwick from a terminal.\n\n"
-                                                      "Commands:\n");
+    QString list =
+        QCoreApplication::translate("main", "The settings of Pomwick from a terminal.\n\n"
+                                            "Commands:\n");
     for (const ToolCommand& command : commands()) {
         const QString call = QString::fromStdString(command.name + " " + command.arguments);
         list += QStringLiteral("  %1  %2\n")
@@ -80,5 +81,6 @@ int main(int argc, char** argv) {
             return *status;
         return command.run(values);
     }
-    return options.usageError(QCoreApplication::translate("main", "unknown command '%1'").arg(name));
+    return options.usageError(
+        QCoreApplication::translate("main", "unknown command '%1'").arg(name));
 }

@@ -4,8 +4,7 @@
 
 namespace pomwick {
 
-ColorSwatch::ColorSwatch(const QColor& color, QWidget* parent)
-    : QWidget(parent), color_(color) {}
+ColorSwatch::ColorSwatch(const QColor& color, QWidget* parent) : QWidget(parent), color_(color) {}
 
 void ColorSwatch::paintEvent(QPaintEvent*) {
     QPainter painter(this);

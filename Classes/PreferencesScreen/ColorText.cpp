@@ -13,8 +13,8 @@ Color getUIColorFromHexString(std::string_view hex, float alpha) {
 }
 
 std::string storedColorText(const Color& color) {
-    return formatFloat(color.red) + "," + formatFloat(color.green) + "," +
-           formatFloat(color.blue) + "," + formatFloat(color.alpha);
+    return formatFloat(color.red) + "," + formatFloat(color.green) + "," + formatFloat(color.blue) +
+           "," + formatFloat(color.alpha);
 }
 
 } // namespace pomwick

@@ -1,6 +1,6 @@
 // What selecting a row does: open an editor, restore the defaults or open an outside page.
-#include "ColorPickerController.h"
 #include "ColorPalette.h"
+#include "ColorPickerController.h"
 #include "ColorText.h"
 #include "NavigationController.h"
 #include "OutsideLinks.h"

@@ -26,8 +26,8 @@ writeFileAtomically(const std::filesystem::path& path, std::string_view bytes);
 // The same, for a caller that holds a lock every writer of the file takes: the temporary has one
 // name, so that a temporary a killed writer left is found by the next writer's attempt to make
 // its own, which then removes every stale temporary of the file; no other write looks for them.
-POMWICK_PLATFORM_EXPORT std::optional<std::string> writeFileAtomicallyInTurn(const std::filesystem::path& path,
-                                                     std::string_view bytes);
+POMWICK_PLATFORM_EXPORT std::optional<std::string>
+writeFileAtomicallyInTurn(const std::filesystem::path& path, std::string_view bytes);
 
 // Removes the temporaries that writers of the file killed mid-write left behind. Only for a
 // caller that holds a lock every writer of the file takes, so that none of them is live.
@@ -39,7 +39,7 @@ POMWICK_PLATFORM_EXPORT void removeStaleTemporaries(const std::filesystem::path&
 // spare is written into only while no other process has it open (a write lease proves it) and no
 // other name links to it: a reader that opened the previous version keeps it whole. Otherwise,
 // or where exchanges or leases are not available, it writes a new temporary file instead.
-POMWICK_PLATFORM_EXPORT std::optional<std::string> replaceFileThroughSpare(const std::filesystem::path& path,
-                                                   std::string_view bytes);
+POMWICK_PLATFORM_EXPORT std::optional<std::string>
+replaceFileThroughSpare(const std::filesystem::path& path, std::string_view bytes);
 
 } // namespace pomwick
