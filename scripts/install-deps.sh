@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
     build-essential cmake ninja-build pkg-config git clang-format
     qt6-base-dev qt6-base-dev-tools libgl-dev
-    libplist-dev libfontconfig-dev fontconfig fonts-dejavu-core fonts-liberation2
+    libplist-dev libpng-dev libfontconfig-dev fontconfig fonts-dejavu-core fonts-liberation2
     libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
     dbus-daemon dbus-bin dbus-x11 libglib2.0-bin
     xvfb xdotool x11-utils imagemagick

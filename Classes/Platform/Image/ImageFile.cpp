@@ -6,12 +6,48 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QtEndian>
+#include <csetjmp>
 #include <mutex>
+#include <png.h>
 
 namespace pomwick {
 namespace {
 constexpr std::size_t maximumFileBytes = 8 * 1024 * 1024;
 constexpr int maximumPixelsPerSide = 4096;
+
+void appendToBuffer(png_structp png, png_bytep data, size_t length) {
+    static_cast<QByteArray*>(png_get_io_ptr(png))
+        ->append(reinterpret_cast<const char*>(data), qsizetype(length));
+}
+
+void flushNothing(png_structp) {}
+
+// Stored and unfiltered: for the small files the product rewrites often, zlib's compression and
+// libpng's choice of row filters (which Qt's writer cannot turn off) cost more than the bytes
+// they save. libpng reports errors by a long jump, so nothing in this frame has a destructor.
+bool encodeStoredPng(const QImage& rgba, QByteArray& out) {
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png != nullptr ? png_create_info_struct(png) : nullptr;
+    if (info == nullptr || setjmp(png_jmpbuf(png))) {
+        png_destroy_write_struct(&png, &info);
+        return false;
+    }
+    png_set_write_fn(png, &out, appendToBuffer, flushNothing);
+    png_set_IHDR(png, info, png_uint_32(rgba.width()), png_uint_32(rgba.height()), 8,
+                 PNG_COLOR_TYPE_RGB_ALPHA, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+                 PNG_FILTER_TYPE_DEFAULT);
+    if (rgba.dotsPerMeterX() > 0 && rgba.dotsPerMeterY() > 0)
+        png_set_pHYs(png, info, png_uint_32(rgba.dotsPerMeterX()),
+                     png_uint_32(rgba.dotsPerMeterY()), PNG_RESOLUTION_METER);
+    png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
+    png_set_compression_level(png, 0);
+    png_write_info(png, info);
+    for (int y = 0; y < rgba.height(); ++y)
+        png_write_row(png, rgba.constScanLine(y));
+    png_write_end(png, nullptr);
+    png_destroy_write_struct(&png, &info);
+    return true;
+}
 
 // A PNG signature, then chunks (length, type, data, CRC) up to IEND, each within the bytes. The
 // decoder reserves what a chunk declares before reading it: unchecked, a file of a few hundred
@@ -78,11 +114,11 @@ QImage imageWithContentsOfFile(const std::filesystem::path& path) {
 }
 
 QByteArray pngData(const QImage& image) {
+    if (image.isNull())
+        return {};
+    const QImage rgba = image.convertToFormat(QImage::Format_RGBA8888);
     QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    // Quality 100 is zlib's level 0: compressing costs more than the bytes it saves.
-    if (!image.save(&buffer, "PNG", 100))
+    if (!encodeStoredPng(rgba, png))
         return {};
     return png;
 }
