@@ -14,6 +14,8 @@ namespace {
 
 std::vector<ToolCommand> commands() {
     std::vector<ToolCommand> all = settingsCommands();
+    for (ToolCommand& command : styleCommands())
+        all.push_back(std::move(command));
     all.push_back(previewCommand());
     return all;
 }

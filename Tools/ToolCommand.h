@@ -22,6 +22,7 @@ inline constexpr int operationFailed = 1;
 inline constexpr int usageError = 2;
 
 std::vector<ToolCommand> settingsCommands();
+std::vector<ToolCommand> styleCommands();
 ToolCommand previewCommand();
 
 } // namespace pomwick

@@ -146,6 +146,22 @@ std::optional<StoredValue> PlistDictionary::lookup(std::string_view key) const {
     return value;
 }
 
+std::vector<std::string> PlistDictionary::keys() const {
+    std::vector<std::string> found;
+    plist_dict_iter iterator = nullptr;
+    plist_dict_new_iter(node(root_), &iterator);
+    char* key = nullptr;
+    plist_t value = nullptr;
+    for (plist_dict_next_item(node(root_), iterator, &key, &value); key != nullptr;
+         plist_dict_next_item(node(root_), iterator, &key, &value)) {
+        found.emplace_back(key);
+        std::free(key);
+        key = nullptr;
+    }
+    std::free(iterator);
+    return found;
+}
+
 std::vector<std::string> PlistDictionary::stringsInFirstArray(std::string_view field) const {
     std::vector<std::string> found;
     plist_dict_iter iterator = nullptr;

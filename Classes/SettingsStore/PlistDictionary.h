@@ -39,6 +39,8 @@ public:
     static std::optional<PlistDictionary> fromBytes(std::string_view bytes);
 
     std::optional<StoredValue> lookup(std::string_view key) const;
+    // The root's keys, in the order the file lists them.
+    std::vector<std::string> keys() const;
     // The first value of the root (in the order the file lists its keys) as an array of
     // dictionaries: the string each entry holds under `field`, in the array's order. Entries that
     // are not dictionaries or hold no string there are left out; a first value that is no array

@@ -111,6 +111,18 @@ std::optional<std::string> trySetPreferencesObjectKey(std::string_view value,
     });
 }
 
+std::optional<std::string>
+trySetPreferencesObjects(const std::vector<std::pair<std::string, std::string>>& keysAndValues) {
+    for (const auto& [key, value] : keysAndValues)
+        if (auto problem = whyNotPlistText(value))
+            return key + ": " + *problem;
+    return changeSettingsFile([&](PlistDictionary& dictionary) {
+        for (const auto& [key, value] : keysAndValues)
+            dictionary.setString(key, value);
+        return true;
+    });
+}
+
 void setPreferencesObjectKey(std::string_view value, std::string_view key) {
     trySetPreferencesObjectKey(value, key);
 }

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace pomwick {
 
@@ -32,6 +34,10 @@ void setPreferencesObjectKey(std::string_view value, std::string_view key);
 
 // The same write, for callers that must tell the user why it failed: the reason, or nothing.
 std::optional<std::string> trySetPreferencesObjectKey(std::string_view value, std::string_view key);
+
+// Stores several keys in one write, keeping every other key: readers see all of them or none.
+std::optional<std::string>
+trySetPreferencesObjects(const std::vector<std::pair<std::string, std::string>>& keysAndValues);
 
 // Removes one key, keeping the others; the reason on failure, nothing when it worked.
 std::optional<std::string> tryRemovePreferencesObjectKey(std::string_view key);

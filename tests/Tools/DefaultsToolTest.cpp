@@ -146,3 +146,30 @@ TEST_F(DefaultsTool, ReadShowsControlCharactersEscaped) {
                    "<string>&#x1b;[31mred\t\\\xff</string></dict></plist>");
     EXPECT_EQ(defaults({"read", "BADGE_TEXT_FIELD_TEXT"}).out, "\\x1B[31mred\\t\\\\\\xFF\n");
 }
+
+TEST_F(DefaultsTool, AnExportedStyleComesBackWholeAndABadOneIsRefusedWhole) {
+    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", "Hi\t@"}).status, 0);
+    ASSERT_EQ(defaults({"write", "BADGE_ALPHA", "0.25"}).status, 0);
+    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "-0.5,1.5"}).status, 0);
+    const QString style = dir + "/style.plist", again = dir + "/again.plist";
+    ASSERT_EQ(defaults({"export", style}).status, 0);
+    const std::string before = defaults({"read"}).out;
+    ASSERT_EQ(defaults({"reset"}).status, 0);
+    ASSERT_EQ(defaults({"import", style}).status, 0);
+    EXPECT_EQ(defaults({"read"}).out, before);
+    ASSERT_EQ(defaults({"export", again}).status, 0);
+    EXPECT_EQ(root.readFile("/style.plist"), root.readFile("/again.plist"));
+
+    // One value the window could not have stored, after good ones: nothing is written.
+    std::string bad = root.readFile("/style.plist");
+    const auto at = bad.find("0.25");
+    ASSERT_NE(at, std::string::npos);
+    root.writeFile("/bad.plist", bad.replace(at, 4, "1.25"));
+    ASSERT_EQ(defaults({"reset"}).status, 0);
+    const ToolRun refused = defaults({"import", dir + "/bad.plist"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("BADGE_ALPHA: '1.25' is not a number from 0 to 1"),
+              std::string::npos)
+        << refused.err;
+    EXPECT_FALSE(settingsFileExists());
+}
