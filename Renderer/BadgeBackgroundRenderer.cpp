@@ -18,19 +18,14 @@
 namespace pomwick {
 namespace {
 
-// The preview scales the background to this height and centers the text on it.
-constexpr double previewHeight = 24;
-// Room for the round ends beside the text, in points at the preview's height: one character of
-// the default font (about 10 points wide) stays within a round badge.
-constexpr double endsRoom = 12;
 // The widest background, 16 heights: a text of a thousand characters or a font of size 500 would
-// otherwise ask for an image thousands of points wide on every request. Such a text is cropped at
-// the badge's ends in the preview, as any text too large for its badge is.
-constexpr double widestPreviewWidth = 16 * previewHeight;
+// otherwise ask for an image thousands of points wide on every request. The preview cuts such a
+// text short of the badge's ends.
+constexpr double widestPreviewWidth = 16 * previewBadgeHeight;
 
 double previewWidth(const BackgroundSettings& settings) {
     const double text = sizeWithAttributes(settings.text, toQFont(settings.font)).width();
-    return std::min(text + endsRoom, widestPreviewWidth);
+    return std::min(text + previewEndsRoom, widestPreviewWidth);
 }
 
 // The round badge widened to the preview width (in points at the preview's height): its left and
@@ -39,7 +34,7 @@ QImage stretchedToWidth(const QImage& badge, double previewWidth) {
     const QSizeF size = pointSize(badge);
     if (badge.isNull() || size.height() <= 0)
         return badge;
-    const double width = std::ceil(size.height() / previewHeight * previewWidth);
+    const double width = std::ceil(size.height() / previewBadgeHeight * previewWidth);
     if (width <= size.width())
         return badge;
     ImageContext context(QSizeF(width, size.height()));

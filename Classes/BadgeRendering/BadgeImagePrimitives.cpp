@@ -5,7 +5,9 @@
 #include "Settings.h"
 #include "TextDrawing.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace pomwick {
 namespace {
@@ -77,14 +79,20 @@ QImage applyAlphaToImage(const QImage& image, float alpha) {
 
 QImage makeImageFromText(const QString& text, const std::optional<Font>& font, const Color& color,
                          bool heightFlag) {
+    return makeImageFromText(text, font, color, heightFlag,
+                             std::numeric_limits<double>::infinity());
+}
+
+QImage makeImageFromText(const QString& text, const std::optional<Font>& font, const Color& color,
+                         bool heightFlag, double maxWidth) {
     const QFont qfont = toQFont(font);
     const QSizeF measured = sizeWithAttributes(text, qfont);
+    const double width = std::min(measured.width(), maxWidth);
     const double height = heightFlag ? double(float(measured.height())) : 19.0;
-    ImageContext context(QSizeF(measured.width(), height));
+    ImageContext context(QSizeF(width, height));
     if (context.isEmpty())
         return context.image();
-    drawLabelText(context.painter(), text, qfont, toQColor(color),
-                  QRectF(0, 0, measured.width(), height));
+    drawLabelText(context.painter(), text, qfont, toQColor(color), QRectF(0, 0, width, height));
     return context.image();
 }
 

@@ -31,6 +31,10 @@ QImage applyAlphaToImage(const QImage& image, float alpha);
 // exactly 19 points (false), drawn as a label draws it.
 QImage makeImageFromText(const QString& text, const std::optional<Font>& font, const Color& color,
                          bool heightFlag);
+// The same at most maxWidth points wide: a wider text is cut at its tail with an ellipsis, as a
+// label too narrow for it shows it.
+QImage makeImageFromText(const QString& text, const std::optional<Font>& font, const Color& color,
+                         bool heightFlag, double maxWidth);
 
 // The image's shape filled with the color; the rectangle is filled and stroked, so where the
 // shape reaches the image's edge the inner half of a 1-point black outline shows.

@@ -6,20 +6,22 @@
 #include "PreviewFiles.h"
 #include "SettingsSnapshot.h"
 
+#include <algorithm>
+
 namespace pomwick {
 namespace {
-
-constexpr double badgeHeight = 24;
 
 QImage composedBadge(const SettingsSnapshot& settings) {
     const QImage background = loadBadgeBackground();
     const QSizeF size = pointSize(background);
     // A missing background is 0 x 0: the target width is then not a number and nothing results.
     const QImage scaled = scaleImageToSize(
-        background, QSizeF(badgeHeight / size.height() * size.width(), badgeHeight));
+        background, QSizeF(previewBadgeHeight / size.height() * size.width(), previewBadgeHeight));
+    // The text stays off the round ends, where it would cover the border.
+    const double textRoom = std::max(0.0, pointSize(scaled).width() - previewEndsRoom);
     const QImage text =
         applyAlphaToImage(makeImageFromText(previewBadgeText(settings), settings.badgeFont(),
-                                            settings.badgeFontColor(), true),
+                                            settings.badgeFontColor(), true, textRoom),
                           settings.badgeAlpha());
     return imageByCombiningImage(scaled, text);
 }
@@ -42,7 +44,7 @@ PreviewBadge composePreviewBadge(const QRectF& iconFrame, float iconSize) {
     const SettingsSnapshot settings;
     if (!settings.enabled()) {
         return {scaleImageToSize(loadBundleImage(PreviewFile::stockBadge),
-                                 QSizeF(badgeHeight, badgeHeight)),
+                                 QSizeF(previewBadgeHeight, previewBadgeHeight)),
                 QRectF(iconFrame.x() + iconSize - 12, iconFrame.y() - 12, 24, 24)};
     }
     const BadgeLocation location = settings.badgeLocation();
@@ -55,7 +57,7 @@ PreviewBadge composePreviewBadge(const QRectF& iconFrame, float iconSize) {
 }
 
 QImage renderPreviewPicture(float iconSize) {
-    const double margin = badgeHeight;
+    const double margin = previewBadgeHeight;
     const QRectF iconFrame(margin, margin, iconSize, iconSize);
     const PreviewBadge badge = composePreviewBadge(iconFrame, iconSize);
     ImageContext context(QSizeF(iconSize + 2 * margin, iconSize + 2 * margin));

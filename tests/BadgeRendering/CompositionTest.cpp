@@ -75,6 +75,19 @@ TEST_F(Composition, TheOpacityFadesTheTextNotTheBackground) {
         EXPECT_EQ(faded.pixelColor(pixel), QColor(Qt::red));
 }
 
+// The widest background the renderer draws, with a text wider still: the text keeps off the round
+// ends, where the border is.
+TEST_F(Composition, ATextWiderThanTheBackgroundStaysOffItsEnds) {
+    writeImage(tmpFile(PreviewFile::badgeBackground), QSize(16 * 48, 48), Qt::red);
+    const QImage badge = composedWithText(std::string(100, 'W').c_str());
+    ASSERT_EQ(pointSize(badge), QSizeF(16 * 24, 24));
+    const int ends = int(previewEndsRoom); // half the room at each end, in pixels at scale 2
+    for (int y = 0; y < badge.height(); ++y)
+        for (const int x : {0, ends - 1, badge.width() - ends, badge.width() - 1})
+            ASSERT_EQ(badge.pixelColor(x, y), QColor(Qt::red)) << x << "," << y;
+    EXPECT_NE(badge.pixelColor(ends + 4, 24), QColor(Qt::red));
+}
+
 TEST_F(Composition, SwitchedOffShowsTheStockBadgeOnTheTopRightCornerAndHiddenNone) {
     setPreferencesObjectKey("0", SettingsKey::enabled);
     setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <limits>
 #include <utility>
 
@@ -101,6 +102,16 @@ void TextField::focusOutEvent(QFocusEvent* event) {
         event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
     if (away && (rightView_ == nullptr || QApplication::focusWidget() != rightView_))
         editing_ = false;
+}
+
+// A line edit passes Escape on, and the page would go back from under the text being typed.
+void TextField::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+        deselect();
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
 }
 
 void TextField::resizeEvent(QResizeEvent* event) {

@@ -35,6 +35,7 @@ public:
 // A one-line text field with a clear background, a placeholder and an optional view on its
 // right, that asks its delegate about each edit before it is shown. The delegate is held weakly.
 // A text beyond displayedTextLimit shows only its start; edits there apply to the whole text.
+// Escape stays in the field: it drops the selection and does not reach the page around it.
 class POMWICK_PLATFORM_EXPORT TextField : public QLineEdit {
     Q_OBJECT
 public:
@@ -60,6 +61,7 @@ public:
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -3,6 +3,7 @@
 #include "Animations.h"
 #include "Appearance.h"
 #include "ModalScope.h"
+#include "TextField.h"
 
 #include <QAbstractAnimation>
 #include <QApplication>
@@ -104,6 +105,9 @@ TEST_F(Stack, EscapeAndAltLeftGoBackWithTheFocusOnTheControlThatPushed) {
     EXPECT_EQ(focus(), root->second);
 
     page = push();
+    auto* field = new TextField(page->view());
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(navigation.topViewController(), page) << "Escape belongs to the text field";
     QTest::keyClick(page->second, Qt::Key_Backspace);
     EXPECT_EQ(navigation.topViewController(), page) << "Backspace belongs to text";
     QTest::keyClick(page->second, Qt::Key_Left, Qt::AltModifier);
