@@ -1,4 +1,5 @@
 #include "PrivateSessionBus.h"
+#include "ProgramRun.h"
 #include "TemporaryDeviceRoot.h"
 
 #include <QDBusConnection>
@@ -10,38 +11,25 @@
 #include <gtest/gtest.h>
 
 using namespace pomwick;
+using pomwick::test::ProgramRun;
 namespace fs = std::filesystem;
 
 namespace {
 
-struct HostRun {
-    int status;
-    QString out;
-    QString err;
-};
+bool has(const std::string& text, const char* part) {
+    return text.find(part) != std::string::npos;
+}
 
-// The host on a private bus, offscreen, with a fresh device root of its own.
+// The host on a private bus with a fresh device root of its own.
 class HostProgram : public testing::Test {
 protected:
     void SetUp() override { test::PrivateSessionBus::address(); }
 
-    static void start(QProcess& host, const QStringList& arguments,
-                      const QString& bundleSource = {}) {
+    static ProgramRun run(const QStringList& arguments, const QString& bundleSource = {}) {
         auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
         if (!bundleSource.isEmpty())
             environment.insert("POMWICK_BUNDLE_SOURCE", bundleSource);
-        host.setProcessEnvironment(environment);
-        host.start(HOST, arguments);
-    }
-
-    static HostRun run(const QStringList& arguments, const QString& bundleSource = {}) {
-        QProcess host;
-        start(host, arguments, bundleSource);
-        EXPECT_TRUE(host.waitForFinished(30000));
-        return {host.exitStatus() == QProcess::NormalExit ? host.exitCode() : -1,
-                QString::fromUtf8(host.readAllStandardOutput()),
-                QString::fromUtf8(host.readAllStandardError())};
+        return test::runProgram(HOST, arguments, environment);
     }
 
     test::TemporaryDeviceRoot root;
@@ -58,42 +46,40 @@ TEST_F(HostProgram, RunsTheBuiltBundleAndNeverCodePlantedInTheDeviceRoot) {
     root.writeFile(plugin, std::string(fs::file_size(BUNDLE_PLUGIN), 'x'));
     fs::last_write_time(root.at(plugin), fs::last_write_time(BUNDLE_PLUGIN));
 
-    const HostRun smoke = run({"--root", dir, "--smoke-test"});
-    EXPECT_EQ(smoke.status, 0) << smoke.err.toStdString();
-    EXPECT_TRUE(smoke.out.contains("smoke test passed"));
+    const ProgramRun smoke = run({"--root", dir, "--smoke-test"});
+    EXPECT_EQ(smoke.status, 0) << smoke.err;
+    EXPECT_TRUE(has(smoke.out, "smoke test passed"));
     EXPECT_TRUE(
         fs::exists(root.at("/Library/PreferenceBundles/PomwickPreferences.bundle/Badge.png")));
 }
 
 TEST_F(HostProgram, ABundleThatCannotLoadIsReportedNotACrash) {
     root.writeFile("/broken/PomwickPreferences.so", "not a shared library");
-    const HostRun smoke = run({"--root", dir, "--smoke-test"}, dir + "/broken");
+    const ProgramRun smoke = run({"--root", dir, "--smoke-test"}, dir + "/broken");
     EXPECT_EQ(smoke.status, 1);
-    EXPECT_TRUE(smoke.err.contains("the settings bundle could not be loaded"))
-        << smoke.err.toStdString();
-    EXPECT_TRUE(smoke.out.contains("smoke test failed"));
+    EXPECT_TRUE(has(smoke.err, "the settings bundle could not be loaded")) << smoke.err;
+    EXPECT_TRUE(has(smoke.out, "smoke test failed"));
 }
 
 TEST_F(HostProgram, RefusesADeviceRootOtherUsersCanWrite) {
     fs::permissions(root.path(), fs::perms::all);
-    const HostRun smoke = run({"--root", dir, "--smoke-test"});
+    const ProgramRun smoke = run({"--root", dir, "--smoke-test"});
     EXPECT_EQ(smoke.status, 1);
-    EXPECT_TRUE(smoke.err.contains("can be written by other users")) << smoke.err.toStdString();
+    EXPECT_TRUE(has(smoke.err, "can be written by other users")) << smoke.err;
     EXPECT_FALSE(QDir(dir + "/Library").exists());
 }
 
 TEST_F(HostProgram, ASecondStartForTheSameRootBringsTheOpenWindowForward) {
     QProcess first;
-    start(first, {"--root", dir});
+    first.start(HOST, {"--root", dir});
     // The page serves the screen's center once the window is up.
     QDBusConnectionInterface* bus = QDBusConnection::sessionBus().interface();
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return bus->isServiceRegistered("com.velquor.pomwickpreferences").value(); }, 30000));
 
-    const HostRun second = run({"--root", dir});
-    EXPECT_EQ(second.status, 0) << second.err.toStdString();
-    EXPECT_TRUE(second.out.contains("already open; brought it forward"))
-        << second.out.toStdString();
+    const ProgramRun second = run({"--root", dir});
+    EXPECT_EQ(second.status, 0) << second.err;
+    EXPECT_TRUE(has(second.out, "already open; brought it forward")) << second.out;
     QByteArray firstOutput;
     EXPECT_TRUE(QTest::qWaitFor(
         [&] {
@@ -104,10 +90,10 @@ TEST_F(HostProgram, ASecondStartForTheSameRootBringsTheOpenWindowForward) {
 
     // Another root gets a window of its own, told why it cannot show a preview.
     test::TemporaryDeviceRoot otherRoot;
-    const HostRun other = run({"--root", QString::fromStdString(otherRoot.path()), "--smoke-test"});
+    const ProgramRun other =
+        run({"--root", QString::fromStdString(otherRoot.path()), "--smoke-test"});
     EXPECT_EQ(other.status, 0);
-    EXPECT_TRUE(other.err.contains("a settings window for another device root is open"))
-        << other.err.toStdString();
+    EXPECT_TRUE(has(other.err, "a settings window for another device root is open")) << other.err;
 
     first.terminate();
     EXPECT_TRUE(first.waitForFinished(30000));

@@ -16,7 +16,6 @@
 #include <QTest>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 using namespace pomwick;
 using pomwick::test::RendererProcess;
@@ -158,25 +157,4 @@ TEST_F(ScreenSide, AFloodOfRequestsIsCoalescedAndTheLastRenderIsTheLastSettings)
     EXPECT_TRUE(QTest::qWaitFor(
         [] { return !MessagingCenter::centerNamed(CenterName::renderer).doesServerExist(); },
         5000));
-}
-
-TEST_F(ScreenSide, EndsOnSigtermEvenWhileAFifoInPlaceOfTheSettingsFileHoldsItUp) {
-    const std::filesystem::path settings = hostPath(DevicePath::preferencesFile);
-    std::filesystem::create_directories(settings.parent_path());
-    ASSERT_EQ(::mkfifo(settings.c_str(), 0644), 0);
-    RendererProcess renderer;
-    ASSERT_TRUE(renderer.waitUntilServing());
-    // Either it read past the FIFO and answered, or it is waiting in the kernel for a writer
-    // that never comes.
-    QFile wchan(QStringLiteral("/proc/%1/wchan").arg(renderer.process().processId()));
-    ASSERT_TRUE(QTest::qWaitFor(
-        [&] {
-            wchan.open(QIODevice::ReadOnly);
-            const bool waitingForAWriter = wchan.readAll() == "wait_for_partner";
-            wchan.close();
-            return answers > 0 || waitingForAWriter;
-        },
-        10000));
-    renderer.process().terminate();
-    EXPECT_TRUE(renderer.process().waitForFinished(10000));
 }

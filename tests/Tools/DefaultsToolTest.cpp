@@ -1,36 +1,23 @@
 #include "DevicePaths.h"
+#include "ProgramRun.h"
 #include "Settings.h"
 #include "TemporaryDeviceRoot.h"
 
-#include <QProcess>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 using namespace pomwick;
+using pomwick::test::ProgramRun;
 namespace fs = std::filesystem;
 
 namespace {
 
-struct ToolRun {
-    int status;
-    std::string out;
-    std::string err;
-};
-
 class DefaultsTool : public testing::Test {
 protected:
-    static ToolRun run(const QStringList& arguments) {
-        QProcess tool;
-        tool.start(DEFAULTS_TOOL, arguments);
-        tool.waitForFinished(30000);
-        return {tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
-                tool.readAllStandardOutput().toStdString(),
-                tool.readAllStandardError().toStdString()};
-    }
     // The tool run on this test's root, given with --root.
-    ToolRun defaults(const QStringList& arguments) const {
-        return run(QStringList{"--root", dir} + arguments);
+    ProgramRun defaults(const QStringList& arguments) const {
+        return test::runProgram(DEFAULTS_TOOL, QStringList{"--root", dir} + arguments);
     }
     static bool settingsFileExists() { return fs::exists(hostPath(DevicePath::preferencesFile)); }
 
@@ -41,7 +28,7 @@ protected:
 } // namespace
 
 TEST_F(DefaultsTool, ReadOnAnEmptyRootListsTheElevenDefaultsInOrder) {
-    const ToolRun read = defaults({"read"});
+    const ProgramRun read = defaults({"read"});
     EXPECT_EQ(read.status, 0) << read.err;
     EXPECT_EQ(read.out, "ENABLED = true\n"
                         "BADGE_VISIBLE = true\n"
@@ -104,7 +91,7 @@ TEST_F(DefaultsTool, BadCommandLinesAndValuesTheWindowCouldNotStoreSayWhatIsWron
         {"write", "BADGE_TEXT_FIELD_TEXT", QString(32768, 'x')},
     };
     for (const QStringList& arguments : bad) {
-        const ToolRun refused = defaults(arguments);
+        const ProgramRun refused = defaults(arguments);
         EXPECT_EQ(refused.status, 2) << arguments.join(' ').toStdString();
         EXPECT_TRUE(refused.out.empty());
         EXPECT_NE(refused.err.find("pomwick-defaults: "), std::string::npos);
@@ -124,12 +111,12 @@ TEST_F(DefaultsTool, OnlyARegularFileAtTheSettingsPathIsReadOrReplaced) {
             fs::create_symlink(root.path() / "elsewhere", path);
         const auto type = fs::symlink_status(path).type();
         // Reading neither hangs nor fails: the defaults apply.
-        const ToolRun read = defaults({"read", "ENABLED"});
+        const ProgramRun read = defaults({"read", "ENABLED"});
         EXPECT_EQ(read.status, 0);
         EXPECT_EQ(read.out, "true\n");
         for (const QStringList& change : {QStringList{"write", "ENABLED", "0"},
                                           QStringList{"delete", "ENABLED"}, QStringList{"reset"}}) {
-            const ToolRun refused = defaults(change);
+            const ProgramRun refused = defaults(change);
             EXPECT_EQ(refused.status, 1) << change.join(' ').toStdString();
             EXPECT_NE(refused.err.find(path.string() + " is not a regular file"), std::string::npos)
                 << refused.err;

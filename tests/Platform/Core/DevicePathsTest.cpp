@@ -8,15 +8,6 @@
 
 using namespace pomwick;
 
-TEST(DevicePaths, DevicePathsLiveUnderTheCurrentRoot) {
-    const auto previous = DeviceRoot::current();
-    DeviceRoot::set("/srv/device");
-    EXPECT_EQ(hostPath(DevicePath::preferencesFile),
-              "/srv/device/var/mobile/Library/Preferences/com.velquor.pomwickpreferences.plist");
-    EXPECT_EQ(hostPath("/tmp/iconSize.txt"), "/srv/device/tmp/iconSize.txt");
-    DeviceRoot::set(previous);
-}
-
 TEST(DevicePaths, RootComesFromOptionThenEnvironmentThenUserStateThenHome) {
     const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
     setenv("POMWICK_ROOT", "/from/environment", 1);

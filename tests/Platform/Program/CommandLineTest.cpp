@@ -1,33 +1,22 @@
 // The three programs read their command lines alike: the same words and exit statuses for the
 // same mistakes, so that scripts and people can rely on them.
+#include "ProgramRun.h"
 #include "TemporaryDeviceRoot.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+using pomwick::test::ProgramRun;
+
 namespace {
 
-struct ProgramRun {
-    int status;
-    std::string out;
-    std::string err;
-};
-
 ProgramRun run(const QString& program, const QStringList& arguments) {
-    QProcess process;
     auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     // No bus: nothing a wrong command line does may depend on one.
     environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
     static const QTemporaryDir runtime; // else Qt warns on stderr
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime.path());
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished(30000));
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput().toStdString(),
-            process.readAllStandardError().toStdString()};
+    return pomwick::test::runProgram(program, arguments, environment);
 }
 
 struct Program {

@@ -16,71 +16,43 @@ using namespace pomwick;
 
 namespace {
 
-class RecordingController : public ViewController {
-public:
-    RecordingController(QString name, QStringList& log) : name_(std::move(name)), log_(log) {}
-    void viewDidLoad() override { log_ << name_ + " load"; }
-    void viewWillAppear(bool) override { log_ << name_ + " willAppear"; }
-    void viewDidAppear(bool) override { log_ << name_ + " didAppear"; }
-    void viewWillDisappear(bool) override { log_ << name_ + " willDisappear"; }
-    void viewDidDisappear(bool) override { log_ << name_ + " didDisappear"; }
-
-private:
-    QString name_;
-    QStringList& log_;
-};
-
-} // namespace
-
-TEST(NavigationController, TellsControllersTheyAppearAndDisappearInOrder) {
-    QStringList log;
-    auto* root = new RecordingController("root", log);
-    NavigationController navigation(root);
-    navigation.show();
-    auto* page = new RecordingController("page", log);
-    navigation.pushViewController(page, true);
-    EXPECT_EQ(navigation.topViewController(), page);
-    EXPECT_EQ(page->view()->size(), QSize(375, 667 - NavigationController::barHeight));
-    navigation.popViewControllerAnimated(true);
-    EXPECT_EQ(navigation.topViewController(), root);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-
-    EXPECT_EQ(log, (QStringList{"root load", "root willAppear", "root didAppear", "page load",
-                                "root willDisappear", "page willAppear", "root didDisappear",
-                                "page didAppear", "page willDisappear", "root willAppear",
-                                "page didDisappear", "root didAppear"}));
-}
-
-namespace {
-
-// A page with two buttons; the first takes the keyboard when the page is pushed.
+// A page with two buttons that logs what it is told; the first takes the keyboard when pushed.
 class ButtonsController : public ViewController {
 public:
-    explicit ButtonsController(QString title) { setTitle(title); }
+    ButtonsController(QString title, QStringList& log) : log_(log) { setTitle(title); }
     QPushButton* first = nullptr;
     QPushButton* second = nullptr;
     void viewDidLoad() override {
+        log_ << title() + " load";
         auto* layout = new QVBoxLayout(view());
         first = new QPushButton("first");
         second = new QPushButton("second");
         layout->addWidget(first);
         layout->addWidget(second);
     }
+    void viewWillAppear(bool) override { log_ << title() + " willAppear"; }
+    void viewDidAppear(bool) override { log_ << title() + " didAppear"; }
+    void viewWillDisappear(bool) override { log_ << title() + " willDisappear"; }
+    void viewDidDisappear(bool) override { log_ << title() + " didDisappear"; }
+
+private:
+    QStringList& log_;
 };
 
 class Stack : public testing::Test {
 protected:
-    Stack() : root(new ButtonsController("Settings")), navigation(root) {
+    Stack() : root(new ButtonsController("Settings", log)), navigation(root) {
         navigation.show();
         QApplication::setActiveWindow(&navigation);
         root->first->setFocus(Qt::TabFocusReason);
     }
     ButtonsController* push(bool animated = false) {
-        auto* page = new ButtonsController("Background Color");
+        auto* page = new ButtonsController("Background Color", log);
         navigation.pushViewController(page, animated);
         return page;
     }
     QWidget* focus() const { return navigation.focusWidget(); }
+    QStringList log;
     ButtonsController* root;
     NavigationController navigation;
 };
@@ -95,6 +67,20 @@ QImage drawn(QWidget& widget, qreal scale) {
 }
 
 } // namespace
+
+TEST_F(Stack, TellsPagesTheyAppearAndDisappearInOrder) {
+    ButtonsController* page = push(true);
+    EXPECT_EQ(page->view()->size(), QSize(375, 667 - NavigationController::barHeight));
+    navigation.popViewControllerAnimated(true);
+    EXPECT_EQ(navigation.topViewController(), root);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(log, (QStringList{"Settings load", "Settings willAppear", "Settings didAppear",
+                                "Background Color load", "Settings willDisappear",
+                                "Background Color willAppear", "Settings didDisappear",
+                                "Background Color didAppear", "Background Color willDisappear",
+                                "Settings willAppear", "Background Color didDisappear",
+                                "Settings didAppear"}));
+}
 
 TEST_F(Stack, EscapeAndAltLeftGoBackWithTheFocusOnTheControlThatPushed) {
     root->second->setFocus(Qt::TabFocusReason);
