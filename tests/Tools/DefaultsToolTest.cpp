@@ -153,7 +153,7 @@ TEST_F(DefaultsTool, AnExportedStyleComesBackWholeAndABadOneIsRefusedWhole) {
     ASSERT_NE(at, std::string::npos);
     root.writeFile("/bad.plist", bad.replace(at, 4, "1.25"));
     ASSERT_EQ(defaults({"reset"}).status, 0);
-    const ToolRun refused = defaults({"import", dir + "/bad.plist"});
+    const ProgramRun refused = defaults({"import", dir + "/bad.plist"});
     EXPECT_EQ(refused.status, 1);
     EXPECT_NE(refused.err.find("BADGE_ALPHA: '1.25' is not a number from 0 to 1"),
               std::string::npos)
