@@ -132,7 +132,7 @@ void NavigationController::pushViewController(ViewController* controller, bool a
     view->show();
     updateBar();
     const bool appeared = appeared_;
-    transition(previous ? previous->view() : nullptr, view, true, animated && appeared, [=, this] {
+    transition(previous ? previous->view() : nullptr, view, true, animated && appeared, [=] {
         if (previous != nullptr) {
             previous->view()->hide();
             if (appeared)
