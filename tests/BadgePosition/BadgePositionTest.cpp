@@ -83,20 +83,7 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
     EXPECT_EQ(badge(), QRectF(90, 45, 30, 24));
 }
 
-TEST_F(BadgePosition, DragLeftOfTheIconStoresNegativeFractionsRestoredExactlyOnTheNextOpen) {
-    open();
-    ASSERT_EQ(badge(), QRectF(60, 60, 30, 24));
-    drag({{70, 70}, {60, 75}, {40, 80}, {25, 80}});
-    EXPECT_EQ(badge(), QRectF(15, 70, 30, 24));
-    EXPECT_EQ(storedLocation(), "-0.750000,0.166667");
-
-    // Six decimals stored give back the place the badge was left at.
-    const QRect placed = editor->badgeImageView()->geometry();
-    open();
-    EXPECT_EQ(editor->badgeImageView()->geometry(), placed);
-}
-
-TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItAndNeverOutOfTheSquare) {
+TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItNeverOutOfTheSquareAndItsPlaceIsRestored) {
     open();
     drag({{150, 150}, {140, 140}});
     EXPECT_EQ(badge(), QRectF(60, 60, 30, 24)) << "a touch beside the badge";
@@ -107,6 +94,15 @@ TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItAndNeverOutOfTheSquare) {
     // Edges may touch: the badge goes right up to the square's edge.
     drag({{50, 80}, {10, 66}});
     EXPECT_EQ(badge(), QRectF(0, 56, 30, 24));
+    // Left of and below the icon's corner: a negative and a positive fraction of the icon.
+    drag({{10, 66}, {20, 75}, {25, 80}});
+    EXPECT_EQ(badge(), QRectF(15, 70, 30, 24));
+    EXPECT_EQ(storedLocation(), "-0.750000,0.166667");
+
+    // Six decimals stored give back the place the badge was left at.
+    const QRect placed = editor->badgeImageView()->geometry();
+    open();
+    EXPECT_EQ(editor->badgeImageView()->geometry(), placed);
 }
 
 TEST_F(BadgePosition, ABadgeWiderThanTheSquareDragsInwardAndAlongButNoFurtherOut) {

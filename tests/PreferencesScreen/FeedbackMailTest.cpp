@@ -38,18 +38,15 @@ protected:
     Animations::ScaleOverride realLengths_{1};
     void SetUp() override {
         ScreenFixture::SetUp();
-        savedPath_ = qgetenv("PATH");
-        savedDataHome_ = qgetenv("XDG_DATA_HOME");
-        savedEmail_ = qgetenv("EMAIL");
+        for (const char* name : {"PATH", "XDG_DATA_HOME", "EMAIL"})
+            savedEnvironment_.emplace_back(name, qgetenv(name));
         qputenv("XDG_DATA_HOME", dir_.filePath("data").toLocal8Bit());
         qunsetenv("EMAIL");
         open();
     }
     void TearDown() override {
-        qputenv("PATH", savedPath_);
-        qputenv("XDG_DATA_HOME", savedDataHome_);
-        if (!savedEmail_.isNull())
-            qputenv("EMAIL", savedEmail_);
+        for (const auto& [name, value] : savedEnvironment_)
+            value.isNull() ? qunsetenv(name) : qputenv(name, value);
         ScreenFixture::TearDown();
     }
 
@@ -95,9 +92,11 @@ protected:
         EXPECT_EQ(hud->pendingDelayedHides()[0]->interval(), 2000);
     }
 
-    QJsonObject readMessage() const {
+    // The message sendmail received, or the given file, as read back.
+    QJsonObject readMessage(const QString& file = {}) const {
         QProcess python;
-        python.start("python3", {QString(READ_MAIL), dir_.filePath("message.eml")});
+        python.start("python3",
+                     {QString(READ_MAIL), file.isEmpty() ? dir_.filePath("message.eml") : file});
         EXPECT_TRUE(python.waitForFinished(30000));
         EXPECT_EQ(python.exitCode(), 0) << python.readAllStandardError().toStdString();
         return QJsonDocument::fromJson(python.readAllStandardOutput()).object();
@@ -109,17 +108,13 @@ protected:
         const QDir folder(draftsFolder());
         for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden, QDir::Name)) {
             EXPECT_TRUE(name.endsWith(".eml")) << name.toStdString();
-            QFile::remove(dir_.filePath("message.eml"));
-            QFile::copy(folder.filePath(name), dir_.filePath("message.eml"));
-            read << readMessage();
+            read << readMessage(folder.filePath(name));
         }
         return read;
     }
 
     QTemporaryDir dir_;
-    QByteArray savedPath_;
-    QByteArray savedDataHome_;
-    QByteArray savedEmail_;
+    std::vector<std::pair<const char*, QByteArray>> savedEnvironment_;
 };
 
 mode_t modeOf(const QString& path) {
@@ -128,11 +123,32 @@ mode_t modeOf(const QString& path) {
     return status.st_mode & 07777;
 }
 
-TEST_F(MailFixture, SendsTheFeedbackThroughSendmailIntactAndSaysSo) {
+// Every address typed is sent to, or none: commas and semicolons, groups, display names in any
+// script (as encoded words, the domain in IDNA), and From from $EMAIL. Emoji and right-to-left
+// text must survive the trip in a 7-bit message.
+TEST_F(MailFixture, SendsTheFeedbackToEveryAddressTypedIntactOrRefuses) {
+    for (const char* refused : {"", "  ", "feedback", "a@x, garbage", "a@x <b@y>", "Team:;",
+                                "üser@example.com", "a@x\nBcc: b@y", "a@", "<@x>"})
+        EXPECT_FALSE(isDeliverableRecipientList(QString::fromUtf8(refused))) << refused;
+    for (const char* taken : {"a@x;b@y", "Team: a@x, b@y;", "\"Doe; J\" <j@d.com>", "a@x (b@y)"})
+        EXPECT_TRUE(isDeliverableRecipientList(QString::fromUtf8(taken))) << taken;
+
     installSendmail("exit 0");
+    qputenv("EMAIL", "Dev Tester <dev@example.org>");
     FeedbackMailComposer* composer = openComposer();
     ASSERT_NE(composer, nullptr);
-    // Emoji and right-to-left text must survive the trip in a 7-bit message.
+    QLineEdit* to = composer->findChildren<QLineEdit*>()[0];
+    to->clear();
+    EXPECT_FALSE(composer->sendButton()->isEnabled());
+    EXPECT_TRUE(to->accessibleDescription().isEmpty()); // empty is not wrong, only unsendable
+    composer->send();
+    EXPECT_FALSE(composer->busyIndicator()->isVisibleTo(composer));
+    QTest::keyClicks(to, "a@x, b@y c");
+    EXPECT_FALSE(composer->sendButton()->isEnabled());
+    EXPECT_FALSE(to->accessibleDescription().isEmpty());
+    to->setText(QString::fromUtf8("a@x, b@y; c@z, Ünïcode <user@exämple.com>"));
+    EXPECT_TRUE(to->accessibleDescription().isEmpty());
+
     const QString added = " 🎉 شكرا לכם";
     const QString typed = "مرحبا 👋🏽 — שלום\nZweite Zeile: äöü";
     QLineEdit* subject = composer->findChildren<QLineEdit*>()[1];
@@ -152,8 +168,10 @@ TEST_F(MailFixture, SendsTheFeedbackThroughSendmailIntactAndSaysSo) {
     EXPECT_EQ(message["subject"].toString(), "My Feedback - Pomwick" + added);
     EXPECT_EQ(message["body"].toString().toStdString(),
               ("Sent from Pomwick Tweak\n" + typed).toStdString());
-    EXPECT_EQ(message["to"].toArray(), QJsonArray{"feedback@velquor.com"});
-    EXPECT_EQ(message["from"].toArray(), QJsonArray{}); // without $EMAIL, the transport's to add
+    EXPECT_EQ(message["to"].toArray(),
+              (QJsonArray{"a@x", "b@y", "c@z", "user@xn--exmple-cua.com"}));
+    EXPECT_EQ(message["to_names"].toArray().last().toString(), QString::fromUtf8("Ünïcode"));
+    EXPECT_EQ(message["from"].toArray(), QJsonArray{"dev@example.org"});
     EXPECT_TRUE(message["date_has_zone"].toBool());
     EXPECT_TRUE(message["message_id"].toBool());
     EXPECT_EQ(message["content_type"].toString(), "text/plain");
@@ -161,39 +179,6 @@ TEST_F(MailFixture, SendsTheFeedbackThroughSendmailIntactAndSaysSo) {
     EXPECT_TRUE(message["seven_bit"].toBool());
     // The composer slides away under the notice.
     QTRY_VERIFY_WITH_TIMEOUT(screen->view()->findChild<FeedbackMailComposer*>() == nullptr, 10000);
-}
-
-// Every address typed is sent to, or none: commas and semicolons, groups, display names in any
-// script (as encoded words, the domain in IDNA), and From from $EMAIL.
-TEST_F(MailFixture, SendsToEveryAddressTypedOrRefuses) {
-    for (const char* refused : {"", "  ", "feedback", "a@x, garbage", "a@x <b@y>", "Team:;",
-                                "üser@example.com", "a@x\nBcc: b@y", "a@", "<@x>"})
-        EXPECT_FALSE(isDeliverableRecipientList(QString::fromUtf8(refused))) << refused;
-    for (const char* taken : {"a@x;b@y", "Team: a@x, b@y;", "\"Doe; J\" <j@d.com>", "a@x (b@y)"})
-        EXPECT_TRUE(isDeliverableRecipientList(QString::fromUtf8(taken))) << taken;
-
-    installSendmail("exit 0");
-    qputenv("EMAIL", "Dev Tester <dev@example.org>");
-    FeedbackMailComposer* composer = openComposer();
-    QLineEdit* to = composer->findChildren<QLineEdit*>()[0];
-    to->clear();
-    EXPECT_FALSE(composer->sendButton()->isEnabled());
-    EXPECT_TRUE(to->accessibleDescription().isEmpty()); // empty is not wrong, only unsendable
-    composer->send();
-    EXPECT_FALSE(composer->busyIndicator()->isVisibleTo(composer));
-    QTest::keyClicks(to, "a@x, b@y c");
-    EXPECT_FALSE(composer->sendButton()->isEnabled());
-    EXPECT_FALSE(to->accessibleDescription().isEmpty());
-    to->setText(QString::fromUtf8("a@x, b@y; c@z, Ünïcode <user@exämple.com>"));
-    EXPECT_TRUE(to->accessibleDescription().isEmpty());
-    QTest::mouseClick(composer->sendButton(), Qt::LeftButton);
-    expectNotice("Message Sent!", "HUD_completed.png");
-    const QJsonObject message = readMessage();
-    EXPECT_EQ(message["to"].toArray(),
-              (QJsonArray{"a@x", "b@y", "c@z", "user@xn--exmple-cua.com"}));
-    EXPECT_EQ(message["to_names"].toArray().last().toString(), QString::fromUtf8("Ünïcode"));
-    EXPECT_TRUE(message["seven_bit"].toBool());
-    EXPECT_EQ(message["from"].toArray(), QJsonArray{"dev@example.org"});
 }
 
 // A transport that refuses, fails for now, or never answers: the user sees only the error.
@@ -213,6 +198,7 @@ TEST_P(MailFailures, ShowTheErrorNoticeAndKeepTheMessageAsADraft) {
     EXPECT_THAT(kept[0]["body"].toString().toStdString(),
                 testing::StartsWith("Sent from Pomwick Tweak\nWords worth keeping"));
     EXPECT_EQ(kept[0]["to"].toArray(), QJsonArray{"feedback@velquor.com"});
+    EXPECT_EQ(kept[0]["from"].toArray(), QJsonArray{}); // without $EMAIL, the transport's to add
 }
 
 INSTANTIATE_TEST_SUITE_P(Sendmail, MailFailures, testing::Values("exit 1", "exec sleep 60"));
@@ -233,13 +219,11 @@ TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
     auto* body = composer->findChild<QPlainTextEdit*>();
     QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
     ASSERT_NE(composer->draftMenu(), nullptr);
-    QStringList choices;
-    for (QAction* action : composer->draftMenu()->actions())
-        choices << action->text();
-    EXPECT_EQ(choices, (QStringList{"Save Draft", "Delete Draft"}));
+    const QList<QAction*> choices = composer->draftMenu()->actions();
+    ASSERT_EQ(choices.size(), 2);
+    EXPECT_EQ(choices[0]->text() + "|" + choices[1]->text(), "Save Draft|Delete Draft");
     QTest::keyClick(composer->draftMenu(), Qt::Key_Escape);
     QTRY_VERIFY_WITH_TIMEOUT(composer->draftMenu() == nullptr, 5000);
-    ASSERT_EQ(composer->draftMenu(), nullptr);
     QCoreApplication::processEvents();
     EXPECT_EQ(notice(), nullptr);
     EXPECT_EQ(screen->view()->findChild<FeedbackMailComposer*>(), composer);

@@ -52,15 +52,6 @@ TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACenteredPanel) {
     EXPECT_EQ(inNotice(hud->label()), labelFrame);
 }
 
-TEST(NoticeLayout, TextOnlyWithOnlyDetailsAddsNoPadding) {
-    Host host({320, 480});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
-    hud->setDetailsLabelText("Only details");
-    hud->layoutSubviews();
-    EXPECT_EQ(hud->indicator(), nullptr);
-    EXPECT_DOUBLE_EQ(hud->panelSize().height(), inNotice(hud->detailsLabel()).height() + 40);
-}
-
 TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
     Host host({320, 240});
     ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
@@ -91,36 +82,31 @@ TEST(NoticeLayout, SquareGrowsTheShortSideOnlyWhenItFits) {
     }
 }
 
-struct IndicatorCase {
-    std::vector<int> modes; // set in turn
-    const char* indicatorClass;
-    bool annular;
-};
-
-class Indicators : public testing::TestWithParam<IndicatorCase> {};
-
-TEST_P(Indicators, FollowTheModeAndKeepARingARing) {
-    Host host({320, 480});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
-    for (const int mode : GetParam().modes)
-        hud->setMode(mode);
-    QWidget* indicator = hud->indicator();
-    ASSERT_NE(indicator, nullptr);
-    EXPECT_STREQ(indicator->metaObject()->className(), GetParam().indicatorClass);
-    EXPECT_EQ(indicator->property("annular").toBool(), GetParam().annular);
+TEST(NoticeIndicators, FollowTheModeAndKeepARingARing) {
+    const struct {
+        std::vector<int> modes; // set in turn
+        const char* indicatorClass;
+        bool annular;
+    } cases[] = {{{}, "pomwick::ActivityIndicatorView", false},
+                 {{1}, "pomwick::ZRRoundProgressView", false},
+                 {{2}, "pomwick::ZRBarProgressView", false},
+                 {{3}, "pomwick::ZRRoundProgressView", true},
+                 // From the ring back to the pie the view is kept, and stays a ring.
+                 {{3, 1}, "pomwick::ZRRoundProgressView", true},
+                 {{1, 3, 0, 1}, "pomwick::ZRRoundProgressView", false}};
+    for (const auto& [modes, indicatorClass, annular] : cases) {
+        Host host({320, 480});
+        ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
+        for (const int mode : modes)
+            hud->setMode(mode);
+        ASSERT_NE(hud->indicator(), nullptr);
+        EXPECT_STREQ(hud->indicator()->metaObject()->className(), indicatorClass) << modes.size();
+        EXPECT_EQ(hud->indicator()->property("annular").toBool(), annular) << modes.size();
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Modes, Indicators,
-    testing::Values(IndicatorCase{{}, "pomwick::ActivityIndicatorView", false},
-                    IndicatorCase{{1}, "pomwick::ZRRoundProgressView", false},
-                    IndicatorCase{{2}, "pomwick::ZRBarProgressView", false},
-                    IndicatorCase{{3}, "pomwick::ZRRoundProgressView", true},
-                    // From the ring back to the pie the view is kept, and stays a ring.
-                    IndicatorCase{{3, 1}, "pomwick::ZRRoundProgressView", true},
-                    IndicatorCase{{1, 3, 0, 1}, "pomwick::ZRRoundProgressView", false}));
-
-TEST(NoticeIndicators, ProgressReachesOnlyAnIndicatorThatHasOneAndACustomViewIsKept) {
+TEST(NoticeIndicators,
+     ProgressReachesOnlyAnIndicatorThatHasOneACustomViewIsKeptAndTextOnlyHasNone) {
     Host host({320, 480});
     ZRProgressHUD* hud = host.notice(ZRProgressHUDModeRoundProgress);
     hud->setProgress(0.4f);
@@ -138,6 +124,11 @@ TEST(NoticeIndicators, ProgressReachesOnlyAnIndicatorThatHasOneAndACustomViewIsK
     hud->setMode(ZRProgressHUDModeTextOnly);
     EXPECT_TRUE(image->isHidden()); // kept, as the custom view, for later
     EXPECT_EQ(hud->customView(), image);
+    // Text only, with only details: no padding above them.
+    hud->setDetailsLabelText("Only details");
+    hud->layoutSubviews();
+    EXPECT_EQ(hud->indicator(), nullptr);
+    EXPECT_DOUBLE_EQ(hud->panelSize().height(), inNotice(hud->detailsLabel()).height() + 40);
 }
 
 } // namespace
