@@ -18,6 +18,10 @@ case "$kind" in
     *) echo "build: unknown kind '$kind' (release, sanitize or fuzz)" >&2; exit 2 ;;
 esac
 
+# Rebuilds of an unchanged file come from ccache where it is installed.
+if command -v ccache >/dev/null; then
+    options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_C_COMPILER_LAUNCHER=ccache)
+fi
 if [ ! -f "$dir/build.ninja" ]; then
     cmake -S . -B "$dir" -G Ninja "${options[@]}" >/dev/null
 else
