@@ -76,6 +76,7 @@ TEST_F(DefaultsTool, BadCommandLinesAndValuesTheWindowCouldNotStoreSayWhatIsWron
         {"write", "ENABLED", "1", "2"},
         {"write", "--raw", "ENABLED"},
         {"frobnicate"},
+        {"reset", "now"},
         {},
         {"write", "ENABLED", "maybe"},
         {"write", "BADGE_ALPHA", "-1"},
