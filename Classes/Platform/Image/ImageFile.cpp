@@ -100,7 +100,8 @@ QImage imageWithData(const QByteArray& bytes) {
     const std::lock_guard<std::mutex> lock(guard);
     if (bytes != lastBytes) {
         lastImage = decoded(bytes);
-        lastBytes = bytes;
+        // A copy of its own: the caller may lend bytes it frees afterwards (fromRawData).
+        lastBytes = QByteArray(bytes.constData(), bytes.size());
     }
     return lastImage;
 }
