@@ -1,6 +1,5 @@
 #include "PlistDictionary.h"
 
-#include "AtomicFile.h"
 #include "PlistShapeCheck.h"
 #include "RegularFile.h"
 #include "XmlText.h"
@@ -203,17 +202,6 @@ bool PlistDictionary::remove(std::string_view key) {
         return false;
     plist_dict_remove_item(node(root_), std::string(key).c_str());
     return true;
-}
-
-std::optional<std::string>
-PlistDictionary::writeAtomically(const std::filesystem::path& path) const {
-    const auto bytes = encoded();
-    if (!bytes)
-        return std::string("cannot encode the settings as a property list");
-    // A file that could not be read back would lose every setting at the next write.
-    if (bytes->size() > maximumFileSize)
-        return std::string("the settings would not fit in the largest file that is read");
-    return writeFileAtomicallyInTurn(path, *bytes);
 }
 
 } // namespace pomwick

@@ -55,12 +55,6 @@ public:
     // the XML would be too large to read back.
     std::optional<std::string> encoded() const;
 
-    // Writes the dictionary to a temporary file beside the target and renames it over the target,
-    // so that a reader sees the old file or the new one, whole. Creates the folder if needed.
-    // Returns the reason on failure, leaving the old file as it was and no temporary. Only for a
-    // caller that holds the lock every writer of the file takes (see writeFileAtomicallyInTurn).
-    std::optional<std::string> writeAtomically(const std::filesystem::path& path) const;
-
 private:
     explicit PlistDictionary(void* root);
     void* root_;

@@ -4,6 +4,7 @@
 #include "DevicePaths.h"
 #include "FileLock.h"
 #include "PlistDictionary.h"
+#include "RegularFile.h"
 #include "XmlText.h"
 
 #include <filesystem>
@@ -25,6 +26,34 @@ std::filesystem::path lockPath(const std::filesystem::path& path) {
 
 template <typename T> T getValue(std::string_view key) {
     return std::get<T>(effectiveValue(*findSetting(key)));
+}
+
+std::mutex lastWriteGuard;
+std::optional<SettingsFileContent> lastWrite;
+
+void rememberWrite(const SettingsFileContent& content) {
+    const std::lock_guard<std::mutex> lock(lastWriteGuard);
+    lastWrite = content;
+}
+
+// Under the writers' lock: the bytes in place of the file, or no file at all.
+std::optional<std::string> replaceInTurn(const std::filesystem::path& path,
+                                         const SettingsFileContent& content) {
+    std::optional<std::string> failure;
+    if (!content) {
+        std::error_code error;
+        std::filesystem::remove(path, error);
+        if (error)
+            failure = "cannot remove " + path.string() + ": " + error.message();
+    } else if (content->size() > PlistDictionary::maximumFileSize) {
+        // A file that could not be read back would lose every setting at the next write.
+        failure = "the settings would not fit in the largest file that is read";
+    } else {
+        failure = writeFileAtomicallyInTurn(path, *content);
+    }
+    if (!failure)
+        rememberWrite(content);
+    return failure;
 }
 
 // Whether this process writes the file for the first time.
@@ -52,7 +81,10 @@ std::optional<std::string> changeSettingsFile(const std::function<bool(PlistDict
     PlistDictionary dictionary = PlistDictionary::readFromFile(path).value_or(PlistDictionary());
     if (!change(dictionary))
         return std::nullopt;
-    return dictionary.writeAtomically(path);
+    const auto bytes = dictionary.encoded();
+    if (!bytes)
+        return std::string("cannot encode the settings as a property list");
+    return replaceInTurn(path, bytes);
 }
 
 } // namespace
@@ -139,10 +171,27 @@ std::optional<std::string> tryRemovePreferencesFile() {
     if (!std::filesystem::exists(path, error))
         return std::nullopt;
     const FileLock lock(lockPath(path));
-    std::filesystem::remove(path, error);
-    if (error)
-        return "cannot remove " + path.string() + ": " + error.message();
-    return std::nullopt;
+    return replaceInTurn(path, std::nullopt);
+}
+
+SettingsFileContent readSettingsFileContent() {
+    std::error_code error;
+    return readRegularFile(preferencesPath(), PlistDictionary::maximumFileSize, error);
+}
+
+std::optional<std::string> tryRestoreSettingsFileContent(const SettingsFileContent& content) {
+    const std::filesystem::path path = preferencesPath();
+    const FileLock lock(lockPath(path));
+    if (lock.failure())
+        return lock.failure();
+    if (auto refusal = whyNotReplaceable(path))
+        return refusal;
+    return replaceInTurn(path, content);
+}
+
+std::optional<SettingsFileContent> settingsWrittenByThisProcess() {
+    const std::lock_guard<std::mutex> lock(lastWriteGuard);
+    return lastWrite;
 }
 
 void removePreferencesFile() {

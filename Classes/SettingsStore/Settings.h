@@ -42,6 +42,17 @@ trySetPreferencesObjects(const std::vector<std::pair<std::string, std::string>>&
 // Removes one key, keeping the others; the reason on failure, nothing when it worked.
 std::optional<std::string> tryRemovePreferencesObjectKey(std::string_view key);
 
+// The settings file's exact bytes, or nothing when there is no file: what undo puts back, keys
+// this version does not know included.
+using SettingsFileContent = std::optional<std::string>;
+SettingsFileContent readSettingsFileContent();
+// Puts back content read earlier (nothing: removes the file), under the lock every writer takes
+// and as atomically as a setter writes. The reason on failure, nothing when it worked.
+std::optional<std::string> tryRestoreSettingsFileContent(const SettingsFileContent& content);
+// What this process's last write left in the file, or nothing before its first write: tells the
+// process's own writes from another writer's when the file changes.
+std::optional<SettingsFileContent> settingsWrittenByThisProcess();
+
 // Removes the settings file, bringing every setting back to its default; a failure is ignored.
 void removePreferencesFile();
 // The same, with the reason when a file that exists could not be removed.
