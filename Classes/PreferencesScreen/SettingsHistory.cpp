@@ -1,0 +1,96 @@
+#include "SettingsHistory.h"
+
+#include "DevicePaths.h"
+
+#include <QDir>
+#include <QUndoCommand>
+
+namespace pomwick {
+namespace {
+
+// Long enough to take a burst of writes (an import, a script) as one change, short enough that
+// the page follows another writer at once.
+constexpr int settleMilliseconds = 40;
+
+} // namespace
+
+// One step: the file's bytes before and after it. It is pushed once it has happened, so only a
+// later redo writes.
+class SettingsStep : public QUndoCommand {
+public:
+    SettingsStep(SettingsHistory* history, SettingsFileContent before, SettingsFileContent after,
+                 const QString& description)
+        : QUndoCommand(description), history_(history), before_(std::move(before)),
+          after_(std::move(after)) {}
+
+    void undo() override { history_->replaceSettings(before_); }
+    void redo() override {
+        if (std::exchange(pushed_, false))
+            return;
+        history_->replaceSettings(after_);
+    }
+
+private:
+    SettingsHistory* history_;
+    SettingsFileContent before_;
+    SettingsFileContent after_;
+    bool pushed_ = true;
+};
+
+SettingsHistory::SettingsHistory(QObject* parent)
+    : QObject(parent), baseline_(readSettingsFileContent()) {
+    stack_.setUndoLimit(100);
+    settle_.setSingleShot(true);
+    settle_.setInterval(settleMilliseconds);
+    connect(&settle_, &QTimer::timeout, this, &SettingsHistory::lookForOtherWriters);
+    // Not restarted by every event, so that a steady stream of writes still shows now and then.
+    const auto changed = [this] {
+        if (!settle_.isActive())
+            settle_.start();
+    };
+    connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, changed);
+    connect(&watcher_, &QFileSystemWatcher::fileChanged, this, changed);
+    watchSettings();
+}
+
+// The folder tells of a file renamed into place (every writer's way); the file itself of a write
+// into it. A file replaced by a rename is a new file, watched anew.
+void SettingsHistory::watchSettings() {
+    const std::filesystem::path file = hostPath(DevicePath::preferencesFile);
+    const QString folder = QString::fromStdString(file.parent_path().string());
+    QDir().mkpath(folder);
+    if (!watcher_.directories().contains(folder))
+        watcher_.addPath(folder);
+    if (std::filesystem::exists(file) && watcher_.files().isEmpty())
+        watcher_.addPath(QString::fromStdString(file.string()));
+}
+
+void SettingsHistory::endGesture(const QString& description) {
+    SettingsFileContent now = readSettingsFileContent();
+    if (now == baseline_)
+        return;
+    stack_.push(new SettingsStep(this, baseline_, now, description));
+    baseline_ = std::move(now);
+}
+
+void SettingsHistory::lookForOtherWriters() {
+    watchSettings();
+    SettingsFileContent now = readSettingsFileContent();
+    if (now == baseline_)
+        return;
+    // The page's own write, part of a gesture that has not ended yet.
+    if (const auto own = settingsWrittenByThisProcess(); own && *own == now)
+        return;
+    stack_.push(new SettingsStep(this, baseline_, now, tr("Change by another program")));
+    baseline_ = std::move(now);
+    emit settingsReplaced();
+}
+
+void SettingsHistory::replaceSettings(const SettingsFileContent& content) {
+    tryRestoreSettingsFileContent(content);
+    // What is there now, should the write have failed.
+    baseline_ = readSettingsFileContent();
+    emit settingsReplaced();
+}
+
+} // namespace pomwick
