@@ -14,12 +14,18 @@
 #include <QLabel>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
+#include <QUndoStack>
 #include <optional>
 #include <vector>
 
 namespace pomwick {
 
 class TableViewCell;
+class RendererPresence;
+class SettingsHistory;
+class UndoNotice;
+class ZRProgressHUD;
 class Slider;
 class Switch;
 class SegmentedControl;
@@ -96,8 +102,22 @@ public:
     void didFinishWithResult(FeedbackMailComposer* composer, MailComposeResult result,
                              const QString& error) override;
 
+    // Every stored change is a step that Ctrl+Z takes back, changes by other writers included.
+    QUndoStack* undoStack() const;
+    void undo();
+    void redo();
+    UndoNotice* undoNotice() const { return undoNotice_; }
+    QLabel* previewUnavailableLabel() const { return previewUnavailableLabel_; }
+
 private:
     void registerPreviewMessages();
+    void setUpHistory();
+    void endGesture(const QString& description);
+    void showDefaultsRestored();
+    void showSettingsAgain();
+    void setUpRendererStatus();
+    void showPreviewUnavailable(bool unavailable);
+    void endRespring();
     void restoreDefaults();
     void pushColorGrid(int gridTag);
     void pushPositionEditor();
@@ -131,6 +151,15 @@ private:
     // Loaded on the first grid and kept, an empty palette included.
     std::optional<std::vector<Color>> masterColorsArray_;
     std::optional<SettingsSnapshot> rowSettings_;
+    // Off while the page shows a change it did not make: that costs one request, not one a section.
+    bool rowCountsRequestPreview_ = true;
+    SettingsHistory* history_ = nullptr;
+    UndoNotice* undoNotice_ = nullptr;
+    RendererPresence* renderer_ = nullptr;
+    QLabel* previewUnavailableLabel_ = nullptr;
+    QTimer rendererAbsence_;
+    QTimer respringGivenUp_;
+    QPointer<ZRProgressHUD> respringHUD_;
 };
 
 } // namespace pomwick

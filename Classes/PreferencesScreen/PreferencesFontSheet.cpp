@@ -249,6 +249,8 @@ void PomwickPreferencesViewController::hideFontPicker() {
               if (dimming)
                   dimming->deleteLater();
           });
+    // Every wheel turn since the sheet opened is one step.
+    endGesture(tr("Font"));
     reloadTableData();
 }
 

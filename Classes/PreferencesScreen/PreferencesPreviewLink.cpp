@@ -44,6 +44,8 @@ void PomwickPreferencesViewController::registerPreviewMessages() {
 void PomwickPreferencesViewController::handleSimpleMessageNamed(const QString& name) {
     if (name != MessageName::badgeSavedToTmp || tableHeaderView_ == nullptr)
         return;
+    showPreviewUnavailable(false);
+    endRespring();
     const PreviewBadge badge = composePreviewBadge(frame(iconImageView_), iconSize_);
     auto* badgeView = qobject_cast<QLabel*>(viewWithTag(tableHeaderView_, previewBadgeTag));
     if (badgeView == nullptr) {
@@ -84,6 +86,8 @@ void PomwickPreferencesViewController::updateUI() {
             setFrame(dimmingView_,
                      QRectF(0, 0, viewBounds.width(), viewBounds.height() - sheetHeight));
     }
+    // Back from the position editor: its drop is a step.
+    endGesture(tr("Position"));
     reloadTableData();
 }
 

@@ -43,6 +43,8 @@ void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table,
 void PomwickPreferencesViewController::restoreDefaults() {
     // With the file gone every setting reads its default; a file that cannot go stays as it is.
     removePreferencesFile();
+    endGesture(tr("Restore Defaults"));
+    showDefaultsRestored();
     mainTableView_->reloadData();
 }
 
@@ -79,8 +81,9 @@ void PomwickPreferencesViewController::didSelectColor(LJColorPickerView* picker,
         setPreferencesObjectKey(storedColorText(color), SettingsKey::badgeBorderColor);
         break;
     default:
-        break;
+        return;
     }
+    endGesture(tr("Color"));
 }
 
 void PomwickPreferencesViewController::pushPositionEditor() {

@@ -47,12 +47,14 @@ QString trimmedOfSpacesAndTabs(const QString& text) {
 
 void PomwickPreferencesViewController::switchValueChanged(Switch* sender) {
     setPreferencesObjectKey(sender->isOn() ? "1" : "0", SettingsKey::enabled);
+    endGesture(tr("Enabled"));
     reloadTableData();
 }
 
 void PomwickPreferencesViewController::controlValueChanged(SegmentedControl* sender) {
     setPreferencesObjectKey(sender->selectedSegmentIndex() != 0 ? "TRUE" : "FALSE",
                             SettingsKey::badgeVisible);
+    endGesture(tr("Hide/Show"));
     reloadTableData();
 }
 
@@ -77,10 +79,12 @@ void PomwickPreferencesViewController::sliderValueChanged(Slider* sender) {
 }
 
 void PomwickPreferencesViewController::badgeSliderReleased() {
+    endGesture(tr("Border Width"));
     requestPreview();
 }
 
 void PomwickPreferencesViewController::alphaSliderReleased() {
+    endGesture(tr("Alpha"));
     requestPreview();
 }
 
@@ -113,6 +117,7 @@ bool PomwickPreferencesViewController::shouldChangeCharactersInRange(TextField* 
 
 bool PomwickPreferencesViewController::textFieldShouldReturn(TextField* field) {
     storeBadgeText(trimmedOfSpacesAndTabs(field->acceptedText()));
+    endGesture(tr("Badge Text"));
     field->resignFirstResponder();
     mainTableView_->scrollToRowAtIndexPath(textRow, TableView::ScrollPosition::Bottom, true);
     reloadTableData();

@@ -1,6 +1,5 @@
 // Building the settings page: background, title, the preview header, the table, "Respring".
 #include "Appearance.h"
-#include "HomeScreen.h"
 #include "PomwickPreferencesViewController.h"
 #include "PreviewComposition.h"
 #include "PreviewFiles.h"
@@ -55,6 +54,8 @@ void PomwickPreferencesViewController::viewDidLoad() {
                                respring();
                            }});
 
+    setUpHistory();
+    setUpRendererStatus();
     registerPreviewMessages();
     // In place, the table asks for its rows, which asks the renderer for the first preview.
     mainTableView_->reloadData();
@@ -68,10 +69,6 @@ void PomwickPreferencesViewController::describePreview(const SettingsSnapshot& s
     iconImageView_->setAccessibleName(
         badge.isEmpty() ? QString("Badge preview: a sample icon without a badge")
                         : QString("Badge preview: %1 on a sample icon").arg(badge));
-}
-
-void PomwickPreferencesViewController::respring() {
-    restartHomeScreen();
 }
 
 } // namespace pomwick

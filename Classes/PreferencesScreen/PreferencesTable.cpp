@@ -66,8 +66,9 @@ const SettingsSnapshot& PomwickPreferencesViewController::rowSettings() {
 
 int PomwickPreferencesViewController::numberOfRowsInSection(TableView*, int section) {
     // Every time the table lays itself out, the renderer is asked for a fresh preview.
-    MessagingCenter::centerNamed(CenterName::renderer)
-        .sendMessageName(MessageName::saveBadgeImages);
+    if (rowCountsRequestPreview_)
+        MessagingCenter::centerNamed(CenterName::renderer)
+            .sendMessageName(MessageName::saveBadgeImages);
     static constexpr int rows[] = {1, 8, 1, 4};
     return section >= 0 && section < 4 ? rows[section] : 0;
 }

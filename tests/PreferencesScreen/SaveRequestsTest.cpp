@@ -95,3 +95,16 @@ TEST_F(SaveRequests, OnePerSectionPerReloadOneMorePerRebuildOnePerReleaseAndOneR
     EXPECT_GE(refreshes, 1);
     EXPECT_LT(refreshes, bursts / 10);
 }
+
+// Another program's change costs one request; the page's own writes none beyond their own.
+TEST_F(SaveRequests, AnotherProgramsChangeAsksOnceTheSettingsUndoneAsOnce) {
+    open();
+    EXPECT_EQ(requests(4), 4);
+    run(DEFAULTS_TOOL,
+        {"--root", QString::fromStdString(root.path().string()), "write", "BADGE_ALPHA", "0.5"});
+    EXPECT_EQ(requests(5), 5);
+    EXPECT_EQ(text(1, 7), "Alpha: 50%");
+    screen->undo();
+    EXPECT_EQ(requests(6), 6);
+    EXPECT_EQ(text(1, 7), "Alpha: 100%");
+}

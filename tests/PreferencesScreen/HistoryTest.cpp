@@ -1,0 +1,133 @@
+#include "DevicePaths.h"
+#include "LJColorPickerView.h"
+#include "RendererProcess.h"
+#include "ScreenFixture.h"
+#include "SegmentedControl.h"
+#include "Settings.h"
+#include "Slider.h"
+#include "Switch.h"
+#include "UndoNotice.h"
+#include "ViewGeometry.h"
+
+#include <QAbstractButton>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTest>
+
+using namespace pomwick;
+
+namespace {
+
+class History : public test::ScreenFixture {
+protected:
+    void SetUp() override {
+        ScreenFixture::SetUp();
+        // A key this version does not know must come back with every undo too.
+        root.writeFile(std::string(DevicePath::tmpDirectory) + "iconSize.txt", "60");
+        root.writeFile(std::string(DevicePath::preferencesFile),
+                       R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0"><dict>)"
+                       "<key>FROM_A_LATER_VERSION</key><string>kept</string></dict></plist>");
+        open();
+        screen->view()->show();
+        // Shortcuts go to the active window only.
+        screen->view()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(screen->view()));
+    }
+    void keys(QKeySequence::StandardKey key, int times) {
+        for (int i = 0; i < times; ++i)
+            QTest::keySequence(screen->view(), QKeySequence(key));
+    }
+    // pomwick-defaults, another process writing to this test's device root.
+    static int defaults(const QStringList& arguments, const std::filesystem::path& root) {
+        QProcess tool;
+        tool.start(DEFAULTS_TOOL,
+                   QStringList{"--root", QString::fromStdString(root.string())} + arguments);
+        return tool.waitForFinished(20000) ? tool.exitCode() : -1;
+    }
+};
+
+} // namespace
+
+TEST_F(History, EveryKindOfChangeIsOneStepAndUndoPutsBackTheExactFile) {
+    const SettingsFileContent start = readSettingsFileContent();
+    ASSERT_TRUE(start);
+
+    TextField* field = control<TextField>(1, 1);
+    field->setFocus();
+    QTest::keyClicks(field, "Hi@");
+    QTest::keyClick(field, Qt::Key_Return);
+    Slider* alpha = control<Slider>(1, 7);
+    QTest::mousePress(alpha, Qt::LeftButton, {}, QPoint(0, 15));
+    for (int x = 10; x < 100; x += 10)
+        QTest::mouseMove(alpha, QPoint(x, 15));
+    QTest::mouseRelease(alpha, Qt::LeftButton, {}, QPoint(100, 15));
+    LJColorPickerView grid;
+    setTag(&grid, 1);
+    screen->didSelectColor(&grid, Color{0, 0, 1, 1});
+    // Hiding the badge or switching the tweak off dims the rows above: they come last.
+    QTest::mouseClick(control<SegmentedControl>(1, 0)->findChild<QAbstractButton*>(),
+                      Qt::LeftButton);
+    QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
+    // The whole drag and every letter typed are one step each.
+    EXPECT_EQ(screen->undoStack()->count(), 5);
+    const SettingsFileContent beforeRestore = readSettingsFileContent();
+
+    screen->table()->selectRowAtIndexPath({2, 0});
+    EXPECT_FALSE(readSettingsFileContent());
+    ASSERT_TRUE(screen->undoNotice()->isVisible());
+    screen->view()->grab().save("defaults-restored.png");
+    QTest::mouseClick(screen->undoNotice()->undoButton(), Qt::LeftButton);
+    EXPECT_EQ(readSettingsFileContent(), beforeRestore);
+    EXPECT_FALSE(screen->undoNotice()->isVisible());
+    EXPECT_EQ(control<TextField>(1, 1)->text(), "Hi@");
+
+    keys(QKeySequence::Undo, 5);
+    EXPECT_EQ(readSettingsFileContent(), start);
+    EXPECT_TRUE(control<Switch>(0, 0)->isOn());
+    keys(QKeySequence::Undo, 1); // nothing left: the file stays
+    EXPECT_EQ(readSettingsFileContent(), start);
+
+    QTest::keySequence(screen->view(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "Hi@");
+    keys(QKeySequence::Redo, 5);
+    EXPECT_FALSE(readSettingsFileContent());
+    EXPECT_EQ(text(1, 7), "Alpha: 100%");
+
+    // A later change ends the notice's offer: its button would take back the wrong step.
+    screen->table()->selectRowAtIndexPath({2, 0});
+    QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
+    EXPECT_FALSE(screen->undoNotice()->isVisible());
+}
+
+TEST_F(History, AnotherProgramsChangeShowsAtOnceAndIsOneStep) {
+    QElapsedTimer sinceWrite;
+    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", "Outside"}, root.path()), 0);
+    sinceWrite.start();
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return control<TextField>(1, 1)->text() == "Outside"; }, 5000));
+    RecordProperty("shownAfterMilliseconds", int(sinceWrite.elapsed()));
+    EXPECT_EQ(screen->undoStack()->count(), 1);
+    keys(QKeySequence::Undo, 1);
+    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "(missing)");
+    EXPECT_EQ(control<TextField>(1, 1)->text(), "");
+    // Its own undo is not taken for another writer's change.
+    QTest::qWait(200);
+    EXPECT_EQ(screen->undoStack()->count(), 1);
+}
+
+TEST_F(History, WithoutTheRendererThePreviewSaysSoUntilRespringBringsItBack) {
+    QLabel* unavailable = screen->previewUnavailableLabel();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return unavailable->isVisible(); }, 5000));
+    // Left in the build tree for people to look at.
+    screen->view()->grab().save("preview-unavailable.png");
+    EXPECT_LE(frame(unavailable).bottom(), frame(screen->tableHeaderView()).height());
+
+    screen->respring();
+    screen->view()->grab().save("preview-respringing.png");
+    // The renderer's supervisor brings it back; the page asks it for the preview it waits for.
+    test::RendererProcess renderer;
+    ASSERT_TRUE(renderer.waitUntilServing());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !screen->finalBadgeImage().isNull(); }, 5000));
+    EXPECT_FALSE(unavailable->isVisible());
+    screen->view()->grab().save("preview-returned.png");
+}
