@@ -109,7 +109,8 @@ TableViewCell* PomwickPreferencesViewController::makeCell(const QString& reuseId
                                                           const QString& text,
                                                           const char* iconFile) const {
     auto* cell = new TableViewCell(reuseIdentifier,
-                                   QSizeF(mainTableView_->rowWidth(), TableViewCell::rowHeight));
+                                   QSizeF(mainTableView_->rowWidth(), TableViewCell::rowHeight),
+                                   mainTableView_->contentView());
     cell->textLabel()->setText(text);
     cell->setImage(bundleIcon(iconFile));
     return cell;

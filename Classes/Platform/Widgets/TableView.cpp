@@ -137,7 +137,8 @@ void TableView::reloadData() {
             TableViewCell* cell = dataSource_->cellForRowAtIndexPath(this, {section, row});
             if (cell == nullptr)
                 continue;
-            cell->setParent(content_);
+            if (cell->parentWidget() != content_)
+                cell->setParent(content_);
             connect(cell, &TableViewCell::tapped, this, [this, section, row] {
                 selectRowAtIndexPath({section, row});
             });

@@ -44,6 +44,8 @@ public:
 
     // The width every cell gets.
     qreal rowWidth() const;
+    // Where the rows live: a data source that makes its cells here saves moving them in.
+    QWidget* contentView() const { return content_; }
 
     void reloadData();
     TableViewCell* cellForRowAtIndexPath(IndexPath indexPath) const;

@@ -6,12 +6,13 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QPixmapCache>
 
 namespace pomwick {
 
-TableViewCell::TableViewCell(QString reuseIdentifier, QSizeF size)
-    : reuseIdentifier_(std::move(reuseIdentifier)), imageView_(new QLabel(this)),
-      textLabel_(new QLabel(this)) {
+TableViewCell::TableViewCell(QString reuseIdentifier, QSizeF size, QWidget* parent)
+    : QAbstractButton(parent), reuseIdentifier_(std::move(reuseIdentifier)),
+      imageView_(new QLabel(this)), textLabel_(new QLabel(this)) {
     textLabel_->setFont(Appearance::systemFont(17));
     textLabel_->setTextFormat(Qt::PlainText);
     // A label inside a button draws in the button's text colour unless told otherwise, which
@@ -36,13 +37,23 @@ void TableViewCell::setSelectionStyle(SelectionStyle style) {
     updateFocusPolicy();
 }
 
+// Rows are rebuilt from the same few icons again and again: each is converted once.
+QPixmap TableViewCell::iconPixmap(const QImage& image) {
+    const QString key = QStringLiteral("pomwick-row-icon-%1").arg(image.cacheKey());
+    QPixmap pixmap;
+    if (QPixmapCache::find(key, &pixmap))
+        return pixmap;
+    pixmap = QPixmap::fromImage(image);
+    // Row icons are drawn at twice their size in points.
+    pixmap.setDevicePixelRatio(image.devicePixelRatio() == 1.0 ? 2.0 : image.devicePixelRatio());
+    QPixmapCache::insert(key, pixmap);
+    return pixmap;
+}
+
 void TableViewCell::setImage(const QImage& image) {
     imageView_->setVisible(!image.isNull());
     if (!image.isNull()) {
-        QPixmap pixmap = QPixmap::fromImage(image);
-        // Row icons are drawn at twice their size in points.
-        pixmap.setDevicePixelRatio(image.devicePixelRatio() == 1.0 ? 2.0
-                                                                   : image.devicePixelRatio());
+        const QPixmap pixmap = iconPixmap(image);
         imageView_->setPixmap(pixmap);
         imageView_->resize(pixmap.deviceIndependentSize().toSize());
     }

@@ -28,7 +28,8 @@ public:
     static constexpr qreal rowHeight = 44;
     static constexpr qreal indentationWidth = 10;
 
-    TableViewCell(QString reuseIdentifier, QSizeF size);
+    // A cell made inside the table's content (TableView::contentView()) is spared a move into it.
+    TableViewCell(QString reuseIdentifier, QSizeF size, QWidget* parent = nullptr);
 
     QString reuseIdentifier() const { return reuseIdentifier_; }
     QLabel* textLabel() const { return textLabel_; }
@@ -58,6 +59,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    static QPixmap iconPixmap(const QImage& image);
     void layoutContent();
     void updateFocusPolicy();
 
