@@ -64,11 +64,12 @@ bool firstWriteOf(const std::filesystem::path& path) {
     return written.insert(path).second;
 }
 
-// One read-modify-write of the settings file at a time, across processes: without the lock two
-// writers read the same old file and the last rename drops the other's key. Temporaries that
-// killed writers left are removed while no other writer can be writing one: on this process's
-// first write, and whenever a writer finds one where it makes its own.
-std::optional<std::string> changeSettingsFile(const std::function<bool(PlistDictionary&)>& change) {
+// One write of the settings file at a time, across processes: without the lock two writers
+// read the same old file and the last rename drops the other's key. Temporaries that killed
+// writers left are removed while no other writer can be writing one: on this process's first
+// write, and whenever a writer finds one where it makes its own.
+std::optional<std::string>
+writeInTurn(const std::function<std::optional<std::string>(const std::filesystem::path&)>& write) {
     const std::filesystem::path path = preferencesPath();
     const FileLock lock(lockPath(path));
     if (lock.failure())
@@ -77,14 +78,21 @@ std::optional<std::string> changeSettingsFile(const std::function<bool(PlistDict
         return refusal;
     if (firstWriteOf(path))
         removeStaleTemporaries(path);
-    // An unreadable file is replaced by one that holds only the change.
-    PlistDictionary dictionary = PlistDictionary::readFromFile(path).value_or(PlistDictionary());
-    if (!change(dictionary))
-        return std::nullopt;
-    const auto bytes = dictionary.encoded();
-    if (!bytes)
-        return std::string("cannot encode the settings as a property list");
-    return replaceInTurn(path, bytes);
+    return write(path);
+}
+
+std::optional<std::string> changeSettingsFile(const std::function<bool(PlistDictionary&)>& change) {
+    return writeInTurn([&](const std::filesystem::path& path) -> std::optional<std::string> {
+        // An unreadable file is replaced by one that holds only the change.
+        PlistDictionary dictionary =
+            PlistDictionary::readFromFile(path).value_or(PlistDictionary());
+        if (!change(dictionary))
+            return std::nullopt;
+        const auto bytes = dictionary.encoded();
+        if (!bytes)
+            return std::string("cannot encode the settings as a property list");
+        return replaceInTurn(path, bytes);
+    });
 }
 
 } // namespace
@@ -180,13 +188,8 @@ SettingsFileContent readSettingsFileContent() {
 }
 
 std::optional<std::string> tryRestoreSettingsFileContent(const SettingsFileContent& content) {
-    const std::filesystem::path path = preferencesPath();
-    const FileLock lock(lockPath(path));
-    if (lock.failure())
-        return lock.failure();
-    if (auto refusal = whyNotReplaceable(path))
-        return refusal;
-    return replaceInTurn(path, content);
+    return writeInTurn(
+        [&](const std::filesystem::path& path) { return replaceInTurn(path, content); });
 }
 
 std::optional<SettingsFileContent> settingsWrittenByThisProcess() {
