@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <QPropertyAnimation>
 #include <QScrollBar>
-#include <cmath>
+#include <algorithm>
 
 namespace pomwick {
 namespace {

@@ -10,10 +10,10 @@ class QPropertyAnimation;
 
 namespace pomwick {
 
-// The thin bar at the right edge of a scrolling view, as on the phone: as long as the visible
-// part is of the whole, where it is, shown while the view scrolls and faded out shortly after.
-// Nothing shows when the content fits. It takes no input and no focus; the view owns it. The
-// content's height is the vertical scroll bar's range and page unless the view tells it better.
+// The thin bar at the right edge of a scrolling view, as on the phone: its length is the visible
+// share of the content, its place the scroll position; it shows while the view scrolls and fades
+// out shortly after, and never when the content fits. It takes no input and no focus; the view
+// owns it. The content's height is the scroll bar's range and page unless the view knows better.
 class ScrollIndicator : public QWidget {
     Q_OBJECT
     Q_PROPERTY(qreal opacity READ opacity WRITE setOpacity)
