@@ -19,7 +19,7 @@ public:
     bool keyboard = false;
 
 protected:
-    bool eventFilter(QObject*, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
         switch (event->type()) {
         case QEvent::KeyPress:
             set(true);
@@ -29,6 +29,10 @@ protected:
             set(false);
             break;
         case QEvent::FocusIn:
+            // A dialog that opens tells its focus widget "by Tab" before that has the focus: no
+            // keystroke of the user's.
+            if (auto* widget = qobject_cast<QWidget*>(watched); widget && !widget->hasFocus())
+                break;
             switch (static_cast<QFocusEvent*>(event)->reason()) {
             case Qt::TabFocusReason:
             case Qt::BacktabFocusReason:

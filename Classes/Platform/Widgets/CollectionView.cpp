@@ -1,6 +1,7 @@
 #include "CollectionView.h"
 
 #include "Appearance.h"
+#include "ScrollIndicator.h"
 
 #include <QAbstractListModel>
 #include <QFocusEvent>
@@ -63,6 +64,8 @@ CollectionView::CollectionView(QWidget* parent)
     : ScrollingItemView(parent), model_(new Model(this)) {
     setModel(model_);
     setAlwaysBounceVertical(false);
+    new ScrollIndicator(
+        this, [this] { return contentInset_.top() + contentHeight_ + contentInset_.bottom(); });
 }
 
 CollectionView::~CollectionView() = default;

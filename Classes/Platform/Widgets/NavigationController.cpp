@@ -132,8 +132,9 @@ void NavigationController::pushViewController(ViewController* controller, bool a
     view->show();
     updateBar();
     const bool appeared = appeared_;
-    transition(previous ? previous->view() : nullptr, view, true, animated && appeared, [=] {
+    transition(previous ? previous->view() : nullptr, view, true, animated && appeared, [=, this] {
         if (previous != nullptr) {
+            takeFocusFrom(previous->view());
             previous->view()->hide();
             if (appeared)
                 previous->viewDidDisappear(animated);
@@ -161,6 +162,7 @@ ViewController* NavigationController::popViewControllerAnimated(bool animated) {
     returnFocus_.pop_back();
     if (opener && opener->isVisible() && opener->isEnabled())
         opener->setFocus(std::exchange(backReason_, Qt::OtherFocusReason));
+    takeFocusFrom(leaving->view());
     below->viewWillAppear(animated);
     updateBar();
     transition(leaving->view(), below->view(), false, animated && appeared_, [=] {
@@ -173,6 +175,14 @@ ViewController* NavigationController::popViewControllerAnimated(bool animated) {
         leaving->deleteLater();
     });
     return leaving;
+}
+
+// A page that hides with the focus (a click put it there) would have Qt pass it on down the
+// chain, to the back button as often as not, where the next Space leaves the page. The window
+// holds it instead, as it does at start, and the next Tab goes on from the top.
+void NavigationController::takeFocusFrom(QWidget* page) {
+    if (page->isAncestorOf(window()->focusWidget()))
+        setFocus(Qt::OtherFocusReason);
 }
 
 ViewController* NavigationController::topViewController() const {

@@ -51,6 +51,7 @@ private:
     void finishTransition();
     bool isTransitioning() const;
     void goBack();
+    void takeFocusFrom(QWidget* page);
     void layoutContent();
     void layoutBar();
     void updateBar();

@@ -2,6 +2,7 @@
 
 #include "Animations.h"
 #include "Appearance.h"
+#include "ScrollIndicator.h"
 #include "ViewGeometry.h"
 
 #include <QApplication>
@@ -40,8 +41,10 @@ protected:
 TableView::TableView(QWidget* parent) : QScrollArea(parent), content_(new GroupedContent) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // Rows span the whole width, as on the phone; the wheel and the keyboard still scroll.
+    // Rows span the whole width, as on the phone; the wheel and the keyboard still scroll, and the
+    // phone's thin indicator shows meanwhile.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    new ScrollIndicator(this);
     // Tab goes to the rows and their controls, and scrolls to each; the list is no stop itself.
     setFocusPolicy(Qt::NoFocus);
     setWidget(content_);

@@ -103,6 +103,17 @@ TEST_F(Stack, EscapeAndAltLeftGoBackWithTheFocusOnTheControlThatPushed) {
     EXPECT_EQ(navigation.topViewController(), root) << "the root has nothing to go back to";
 }
 
+TEST_F(Stack, APageLeftWithTheFocusOfAClickLeavesItOffTheBackButton) {
+    navigation.setFocus();
+    push();
+    ButtonsController* page = push();
+    QTest::mouseClick(page->second, Qt::LeftButton);
+    ASSERT_EQ(focus(), page->second);
+    navigation.popViewControllerAnimated(false);
+    QTest::keyClick(focus(), Qt::Key_Space);
+    EXPECT_EQ(navigation.viewControllers().size(), 2u) << "Space took the page back";
+}
+
 TEST_F(Stack, NeitherPageTakesInputWhileTheySlideNorTheRestOfTheDoubleClick) {
     Animations::ScaleOverride realLengths(1);
     ButtonsController* page = push(true);
