@@ -3,6 +3,7 @@
 #include "DevicePaths.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QUndoCommand>
 
 namespace pomwick {
@@ -50,6 +51,9 @@ SettingsHistory::SettingsHistory(QObject* parent)
     };
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, changed);
     connect(&watcher_, &QFileSystemWatcher::fileChanged, this, changed);
+    // Made now if missing, as the first write would: its first file is then seen arriving.
+    QDir().mkpath(
+        QString::fromStdString(hostPath(DevicePath::preferencesFile).parent_path().string()));
     watchSettings();
 }
 
@@ -58,10 +62,9 @@ SettingsHistory::SettingsHistory(QObject* parent)
 void SettingsHistory::watchSettings() {
     const std::filesystem::path file = hostPath(DevicePath::preferencesFile);
     const QString folder = QString::fromStdString(file.parent_path().string());
-    QDir().mkpath(folder);
-    if (!watcher_.directories().contains(folder))
+    if (!watcher_.directories().contains(folder) && QFileInfo(folder).isDir())
         watcher_.addPath(folder);
-    if (std::filesystem::exists(file) && watcher_.files().isEmpty())
+    if (watcher_.files().isEmpty() && std::filesystem::exists(file))
         watcher_.addPath(QString::fromStdString(file.string()));
 }
 
