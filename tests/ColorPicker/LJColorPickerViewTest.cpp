@@ -40,7 +40,7 @@ struct Picker {
 };
 
 // Its defaults (four a row, padding 2, a white border) show in the layout and tap tests.
-TEST(LJColorPickerView, ClampsWhatItIsGivenAndSizesSwatchesFromTheWidthLessTheWholeGaps) {
+TEST(LJColorPickerView, ClampsWhatItIsGivenSizesSwatchesWithWholeGapsAndScrollsBackToTheTop) {
     LJColorPickerView view;
     EXPECT_FALSE(view.selectedColor());
     view.setColorsPerRow(0);
@@ -61,6 +61,16 @@ TEST(LJColorPickerView, ClampsWhatItIsGivenAndSizesSwatchesFromTheWidthLessTheWh
         picker.view.setColorCellPadding(padding);
         EXPECT_EQ(picker.grid()->layoutFrameForItem(0).size(), QSizeF(side, side))
             << width << " " << perRow;
+    }
+
+    // Palettes of any size, and every setter scrolls back to the top.
+    for (int count : {0, 10000}) {
+        Picker picker(count);
+        EXPECT_EQ(picker.grid()->numberOfItems(), count);
+        picker.grid()->setContentOffset({0, 1e9});
+        EXPECT_FALSE(picker.view.grab().isNull());
+        picker.view.setSelectionBorderColor(Color::black());
+        EXPECT_EQ(picker.grid()->contentOffset(), QPointF(0, 0));
     }
 }
 
@@ -108,17 +118,6 @@ TEST(LJColorPickerView, LaysSwatchesOutInFullRowsAndATapBordersOneAndReportsItsC
     gone.reset();
     picker.tap(3);
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[3]);
-}
-
-TEST(LJColorPickerView, PalettesOfAnySizeAndEverySetterScrollsBackToTheTop) {
-    for (int count : {0, 10000}) {
-        Picker picker(count);
-        EXPECT_EQ(picker.grid()->numberOfItems(), count);
-        picker.grid()->setContentOffset({0, 1e9});
-        EXPECT_FALSE(picker.view.grab().isNull());
-        picker.view.setSelectionBorderColor(Color::black());
-        EXPECT_EQ(picker.grid()->contentOffset(), QPointF(0, 0));
-    }
 }
 
 TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelectsAndItReadsAsAListOfNamedColors) {

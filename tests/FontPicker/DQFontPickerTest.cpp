@@ -26,7 +26,7 @@ std::unique_ptr<QLabel> rowView(DQFontPicker& picker, int row, int component) {
         qobject_cast<QLabel*>(picker.viewForRow(&picker, row, component, nullptr)));
 }
 
-TEST(DQFontPicker, ColorWheelRunsFromTheHighestHueDownToBlackUnlessACountIsNegative) {
+TEST(DQFontPicker, ColorWheelRunsDownToBlackAndAColorSetBeforeTheBuildGetsARowAfterItTheNearest) {
     DQFontPicker picker;
     const std::vector<Color>& colors = picker.colorList();
     ASSERT_EQ(colors.size(), 125u);
@@ -45,9 +45,8 @@ TEST(DQFontPicker, ColorWheelRunsFromTheHighestHueDownToBlackUnlessACountIsNegat
         variants.setGrayVariants(greys);
         EXPECT_EQ(variants.colorList().size(), rows) << hues << " " << greys;
     }
-}
 
-TEST(DQFontPicker, AColorSetBeforeTheBuildGetsARowAndOneSetAfterSelectsTheNearest) {
+    // A color set before the build gets a row; one set after it selects the nearest.
     const Color teal{0.1f, 0.5f, 0.45f, 1};
     DQFontPicker before;
     before.setColor(teal);

@@ -7,14 +7,12 @@
 
 using namespace pomwick;
 
-TEST(TextScanning, BoolValueReadsTheFirstSignificantCharacter) {
+TEST(TextScanning, BoolsReadTheFirstCharacterNumbersTheLeadingDecimalSaturatedTinyZero) {
     for (const char* yes : {"1", "TRUE", "true", "Yes", "y", "  t", "+1", "-0009", "007", "9abc"})
         EXPECT_TRUE(boolValue(yes)) << yes;
     for (const char* no : {"", "0", "FALSE", "no", "abc", "  ", "-", "000", "0.9", " x1", "\n"})
         EXPECT_FALSE(boolValue(no)) << no;
-}
 
-TEST(TextScanning, NumbersAreTheLeadingDecimalNumberSaturatedAndTinyOnesZero) {
     EXPECT_EQ(intValue("12.7"), 12);
     EXPECT_EQ(intValue("  -42px"), -42);
     EXPECT_EQ(intValue("+7"), 7);
