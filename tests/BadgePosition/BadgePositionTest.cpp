@@ -116,7 +116,7 @@ TEST_F(BadgePosition, ABadgeWiderThanTheSquareDragsInwardAndAlongButNoFurtherOut
     EXPECT_EQ(storedLocation(), "-1.250000,0.000000");
 }
 
-TEST_F(BadgePosition, TheBadgeWearsARingOnlyWhileThePageHasTheKeyboard) {
+TEST_F(BadgePosition, TheBadgeWearsARingOnlyForTheKeyboardAndArrowKeysNudgeItOnePoint) {
     open();
     QApplication::setActiveWindow(editor->view());
     const auto ringed = [&] {
@@ -129,10 +129,7 @@ TEST_F(BadgePosition, TheBadgeWearsARingOnlyWhileThePageHasTheKeyboard) {
     editor->view()->clearFocus();
     editor->view()->setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(ringed());
-}
 
-TEST_F(BadgePosition, ArrowKeysNudgeOnePointAndStoreWhenLetGo) {
-    open();
     QWidget* page = editor->view();
     for (Qt::Key key : {Qt::Key_Left, Qt::Key_Left, Qt::Key_Up})
         QTest::keyPress(page, key);

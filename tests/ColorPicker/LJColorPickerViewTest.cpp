@@ -40,7 +40,7 @@ struct Picker {
 };
 
 // Its defaults (four a row, padding 2, a white border) show in the layout and tap tests.
-TEST(LJColorPickerView, ClampsWhatItIsGivenAndKeepsTheInsetItStartedWith) {
+TEST(LJColorPickerView, ClampsWhatItIsGivenSizesSwatchesWithWholeGapsAndScrollsBackToTheTop) {
     LJColorPickerView view;
     EXPECT_FALSE(view.selectedColor());
     view.setColorsPerRow(0);
@@ -49,10 +49,8 @@ TEST(LJColorPickerView, ClampsWhatItIsGivenAndKeepsTheInsetItStartedWith) {
     EXPECT_EQ(view.colorCellPadding(), 0.0);
     view.setColorCellPadding(7);
     EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2));
-}
 
-// Swatch sides: the gap total is cut to whole points before it is subtracted from the width.
-TEST(LJColorPickerView, SizesSwatchesFromTheWidthLessTheWholeGaps) {
+    // Swatch sides: the gap total is cut to whole points before it is subtracted from the width.
     for (const auto& [width, perRow, padding, side] :
          {std::tuple<int, int, double, qreal>{300, 3, 0.4, 100},
           {300, 3, 0.5, 99},
@@ -63,6 +61,16 @@ TEST(LJColorPickerView, SizesSwatchesFromTheWidthLessTheWholeGaps) {
         picker.view.setColorCellPadding(padding);
         EXPECT_EQ(picker.grid()->layoutFrameForItem(0).size(), QSizeF(side, side))
             << width << " " << perRow;
+    }
+
+    // Palettes of any size, and every setter scrolls back to the top.
+    for (int count : {0, 10000}) {
+        Picker picker(count);
+        EXPECT_EQ(picker.grid()->numberOfItems(), count);
+        picker.grid()->setContentOffset({0, 1e9});
+        EXPECT_FALSE(picker.view.grab().isNull());
+        picker.view.setSelectionBorderColor(Color::black());
+        EXPECT_EQ(picker.grid()->contentOffset(), QPointF(0, 0));
     }
 }
 
@@ -112,18 +120,7 @@ TEST(LJColorPickerView, LaysSwatchesOutInFullRowsAndATapBordersOneAndReportsItsC
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[3]);
 }
 
-TEST(LJColorPickerView, PalettesOfAnySizeAndEverySetterScrollsBackToTheTop) {
-    for (int count : {0, 10000}) {
-        Picker picker(count);
-        EXPECT_EQ(picker.grid()->numberOfItems(), count);
-        picker.grid()->setContentOffset({0, 1e9});
-        EXPECT_FALSE(picker.view.grab().isNull());
-        picker.view.setSelectionBorderColor(Color::black());
-        EXPECT_EQ(picker.grid()->contentOffset(), QPointF(0, 0));
-    }
-}
-
-TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelects) {
+TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelectsAndItReadsAsAListOfNamedColors) {
     Picker picker(12);
     RecordingDelegate delegate;
     picker.view.setDelegate(&delegate);
@@ -138,10 +135,7 @@ TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelects) {
     QTest::keyClick(picker.grid(), Qt::Key_End);
     QTest::keyClick(picker.grid(), Qt::Key_Return);
     EXPECT_EQ(picker.view.selectedColor(), palette(12)[11]);
-}
 
-TEST(LJColorPickerView, ReadsAsAListOfNamedColors) {
-    Picker picker(3);
     picker.view.setColors({{1, 0.5f, 0, 1}, Color::black()});
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(picker.grid());
     ASSERT_NE(list, nullptr);

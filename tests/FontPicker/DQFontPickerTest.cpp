@@ -26,7 +26,7 @@ std::unique_ptr<QLabel> rowView(DQFontPicker& picker, int row, int component) {
         qobject_cast<QLabel*>(picker.viewForRow(&picker, row, component, nullptr)));
 }
 
-TEST(DQFontPicker, ColorWheelRunsFromTheHighestHueDownToBlack) {
+TEST(DQFontPicker, ColorWheelRunsDownToBlackAndAColorSetBeforeTheBuildGetsARowAfterItTheNearest) {
     DQFontPicker picker;
     const std::vector<Color>& colors = picker.colorList();
     ASSERT_EQ(colors.size(), 125u);
@@ -37,19 +37,16 @@ TEST(DQFontPicker, ColorWheelRunsFromTheHighestHueDownToBlack) {
     EXPECT_NE(std::search(colors.begin(), colors.end(), brightReds.begin(), brightReds.end()),
               colors.end())
         << "white follows the reds of full brightness";
-}
-
-TEST(DQFontPicker, OnlyNegativeVariantCountsSurviveTheBuild) {
-    for (const auto& [colors, greys, rows] :
+    // Only negative variant counts survive the build.
+    for (const auto& [hues, greys, rows] :
          {std::tuple<qint64, qint64, size_t>{27, 1, 125}, {-1, 0, 5}, {0, -1, 125}, {-1, -1, 0}}) {
-        DQFontPicker picker;
-        picker.setColorVariants(colors);
-        picker.setGrayVariants(greys);
-        EXPECT_EQ(picker.colorList().size(), rows) << colors << " " << greys;
+        DQFontPicker variants;
+        variants.setColorVariants(hues);
+        variants.setGrayVariants(greys);
+        EXPECT_EQ(variants.colorList().size(), rows) << hues << " " << greys;
     }
-}
 
-TEST(DQFontPicker, AColorSetBeforeTheBuildGetsARowAndOneSetAfterSelectsTheNearest) {
+    // A color set before the build gets a row; one set after it selects the nearest.
     const Color teal{0.1f, 0.5f, 0.45f, 1};
     DQFontPicker before;
     before.setColor(teal);
@@ -75,7 +72,7 @@ TEST(DQFontPicker, AColorSetBeforeTheBuildGetsARowAndOneSetAfterSelectsTheNeares
 }
 
 // Defaults for bounds that are not lengths, the current size added in its place, and a cap.
-TEST(DQFontPicker, SizeListFollowsItsBoundsAndNeverRunsAway) {
+TEST(DQFontPicker, SizeListFollowsItsBoundsNeverRunsAwayAndLookupsPreferTheEarlierNearest) {
     using Case = std::tuple<double, double, double, double, std::vector<float>, size_t>;
     for (const auto& [min, max, step, fontSize, first, rows] :
          {Case{0, 0, 0, 13, {8, 10, 12, 13, 14, 16, 18, 20, 22, 24}, 10},
@@ -83,20 +80,19 @@ TEST(DQFontPicker, SizeListFollowsItsBoundsAndNeverRunsAway) {
           {30, 10, 1, 13, {13}, 1},
           {8, 24, 1e-30, 0, {8, 8, 8}, 1000},
           {10, 11, 0.5, 0, {10, 10.5, 11}, 3}}) {
-        DQFontPicker picker;
-        picker.setMinFontSize(min);
-        picker.setMaxFontSize(max);
-        picker.setStepFontSize(step);
+        SCOPED_TRACE(testing::Message() << min << " " << max << " " << step);
+        DQFontPicker bounded;
+        bounded.setMinFontSize(min);
+        bounded.setMaxFontSize(max);
+        bounded.setStepFontSize(step);
         if (fontSize != 0)
-            picker.selectFontSize(fontSize, false);
-        const std::vector<float>& sizes = picker.sizeList();
-        EXPECT_EQ(sizes.size(), rows) << min << " " << max << " " << step;
-        EXPECT_TRUE(std::equal(first.begin(), first.end(), sizes.begin()))
-            << min << " " << max << " " << step;
+            bounded.selectFontSize(fontSize, false);
+        const std::vector<float>& sizes = bounded.sizeList();
+        EXPECT_EQ(sizes.size(), rows);
+        EXPECT_TRUE(std::equal(first.begin(), first.end(), sizes.begin()));
     }
-}
 
-TEST(DQFontPicker, SizeLookupsPreferExactThenTheEarlierOfTwoEquallyNear) {
+    // Lookups prefer the exact size, then the earlier of two equally near.
     DQFontPicker picker;
     for (const auto& [size, exact, nearest] :
          {std::tuple<double, qsizetype, qsizetype>{13, notFound, 2},

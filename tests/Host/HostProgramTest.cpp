@@ -6,6 +6,7 @@
 #include <QDBusConnectionInterface>
 #include <QDir>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -34,6 +35,60 @@ protected:
 
     test::TemporaryDeviceRoot root;
     const QString dir = QString::fromStdString(root.path());
+};
+
+// A session bus of the test's own, configured like a desktop's, with a service folder and a
+// start timeout long enough that nothing may wait for it.
+class OwnBus {
+public:
+    explicit OwnBus(const QString& serviceExec) {
+        QDir(folder_.path()).mkdir("services");
+        writeFile("services/com.velquor.pomwick.service",
+                  QString("[D-BUS Service]\nName=com.velquor.pomwick\nExec=%1\n").arg(serviceExec));
+        writeFile("bus.conf",
+                  QString("<busconfig><type>session</type><listen>unix:tmpdir=%1</listen>"
+                          "<servicedir>%1/services</servicedir>"
+                          "<limit name=\"service_start_timeout\">120000</limit>"
+                          "<policy context=\"default\"><allow send_destination=\"*\"/>"
+                          "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>")
+                      .arg(folder_.path()));
+        daemon_.start("dbus-daemon",
+                      {"--config-file=" + path("bus.conf"), "--nofork", "--print-address"});
+        EXPECT_TRUE(daemon_.waitForReadyRead(10000));
+        address_ = QString::fromUtf8(daemon_.readLine()).trimmed();
+    }
+    ~OwnBus() {
+        daemon_.kill();
+        daemon_.waitForFinished();
+    }
+
+    QString path(const QString& name) const { return folder_.path() + '/' + name; }
+    QProcessEnvironment environment() const {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("DBUS_SESSION_BUS_ADDRESS", address_);
+        return environment;
+    }
+    // Asked from a process of its own: this one stays off the bus that is about to go.
+    bool serves(const QString& name) const {
+        QProcess ask;
+        ask.setProcessEnvironment(environment());
+        ask.start("dbus-send", {"--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+                                "org.freedesktop.DBus.NameHasOwner", "string:" + name});
+        ask.waitForFinished();
+        return ask.readAllStandardOutput().contains("boolean true");
+    }
+    QProcess& daemon() { return daemon_; }
+
+private:
+    void writeFile(const QString& name, const QString& text) {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text.toUtf8());
+    }
+
+    QTemporaryDir folder_;
+    QProcess daemon_;
+    QString address_;
 };
 
 } // namespace
@@ -97,4 +152,37 @@ TEST_F(HostProgram, ASecondStartForTheSameRootBringsTheOpenWindowForward) {
 
     first.terminate();
     EXPECT_TRUE(first.waitForFinished(30000));
+}
+
+// The programs under the bus faults a desktop session meets: a renderer that hangs while the bus
+// starts it, and a bus that goes away under a renderer it started.
+TEST(BusFaults, TheWindowAppearsWhileTheRendererItAskedForHangsInItsStart) {
+    test::TemporaryDeviceRoot root;
+    QTemporaryDir folder;
+    const QString pidFile = folder.filePath("hanging.pid");
+    OwnBus bus(QString("/bin/sh -c 'echo $$ >%1; exec sleep 600'").arg(pidFile));
+
+    // Within a quarter of the bus's start timeout: a host that waited for the start would still
+    // wait.
+    const ProgramRun host = test::runProgram(
+        HOST, {"--root", QString::fromStdString(root.path()), "--smoke-test"}, bus.environment());
+    EXPECT_EQ(host.status, 0) << host.err;
+    EXPECT_TRUE(has(host.out, "smoke test passed"));
+
+    QFile pid(pidFile);
+    ASSERT_TRUE(pid.open(QIODevice::ReadOnly)) << "the bus never started the hanging renderer";
+    QProcess::execute("kill", {QString::fromUtf8(pid.readAll()).trimmed()});
+}
+
+TEST(BusFaults, ARendererEndsWhenItsBusIsGone) {
+    test::TemporaryDeviceRoot root;
+    OwnBus bus("/bin/false");
+    QProcess renderer;
+    renderer.setProcessEnvironment(bus.environment());
+    renderer.start(RENDERER, {"--root", QString::fromStdString(root.path())});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bus.serves("com.velquor.pomwick"); }, 30000));
+
+    bus.daemon().kill();
+    EXPECT_TRUE(renderer.waitForFinished(30000)) << "the renderer outlived its bus";
+    EXPECT_EQ(renderer.exitStatus(), QProcess::NormalExit);
 }

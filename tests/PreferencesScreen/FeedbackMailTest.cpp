@@ -42,6 +42,7 @@ protected:
             savedEnvironment_.emplace_back(name, qgetenv(name));
         qputenv("XDG_DATA_HOME", dir_.filePath("data").toLocal8Bit());
         qunsetenv("EMAIL");
+        installSendmail("exit 0");
         open();
     }
     void TearDown() override {
@@ -133,7 +134,6 @@ TEST_F(MailFixture, SendsTheFeedbackToEveryAddressTypedIntactOrRefuses) {
     for (const char* taken : {"a@x;b@y", "Team: a@x, b@y;", "\"Doe; J\" <j@d.com>", "a@x (b@y)"})
         EXPECT_TRUE(isDeliverableRecipientList(QString::fromUtf8(taken))) << taken;
 
-    installSendmail("exit 0");
     qputenv("EMAIL", "Dev Tester <dev@example.org>");
     FeedbackMailComposer* composer = openComposer();
     ASSERT_NE(composer, nullptr);
@@ -214,7 +214,6 @@ TEST_F(MailFixture, WithoutAMailTransportSaysOopsAndOpensNothing) {
 // Cancel offers Save Draft first and Delete Draft; Escape goes back to the message as it was.
 // Drafts are private whatever the umask, and a second one in the same second is a second file.
 TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
-    installSendmail("exit 0");
     FeedbackMailComposer* composer = openComposer();
     auto* body = composer->findChild<QPlainTextEdit*>();
     QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
@@ -258,12 +257,10 @@ TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
 // A draft that cannot be written whole is an error, and leaves nothing behind: a file where the
 // folder would go, and a disk that fills up mid-write (a file size limit stands in for it).
 TEST_F(MailFixture, ADraftThatCannotBeWrittenIsAnErrorAndLeavesNoFile) {
-    installSendmail("exit 0");
     const auto previous = std::signal(SIGXFSZ, SIG_IGN); // a write past the limit then fails
     rlimit limit{};
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-    rlimit small = limit;
-    small.rlim_cur = 64;
+    const rlimit small{64, limit.rlim_max};
     ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
     openComposer()->saveDraft();
     ::setrlimit(RLIMIT_FSIZE, &limit);

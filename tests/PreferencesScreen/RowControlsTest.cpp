@@ -68,7 +68,7 @@ TEST_F(RowControls, SlidersStoreWhileMovingAndTheAlphaLabelFollows) {
     EXPECT_EQ(text(1, 6), "Border Width:");
 }
 
-TEST_F(RowControls, AnyTextAndEveryEditIsStoredAndReturnStoresTheTextTrimmed) {
+TEST_F(RowControls, AnyTextAndEveryEditIsStoredReturnTrimsAndTheInfoButtonShowsOneTip) {
     const QString any = "😀 @ 👍🏽 שלום @ مرحبا";
     field()->insert(any);
     EXPECT_EQ(storedText(), any);
@@ -98,9 +98,8 @@ TEST_F(RowControls, AnyTextAndEveryEditIsStoredAndReturnStoresTheTextTrimmed) {
         EXPECT_EQ(storedText(), kept);
         EXPECT_EQ(field()->text(), kept);
     }
-}
 
-TEST_F(RowControls, TheInfoButtonShowsOneTipHoweverOftenClicked) {
+    // The info button shows one tip, however often clicked.
     for (int click = 0; click < 3; ++click)
         QTest::mouseClick(field()->rightView(), Qt::LeftButton);
     expectAlert("Tip", "Substitute the \"@\" symbol for the badge number. For example, typing "
@@ -133,7 +132,7 @@ TEST_F(FontSheet, SlidesUpBelowItsBarOverAClearTapCatcherWithTheStoredValuesChos
     EXPECT_EQ(next, done);
 }
 
-TEST_F(FontSheet, EveryWheelChangeStoresFontTruncatedSizeAndColor) {
+TEST_F(FontSheet, EveryWheelChangeStoresAndOpenedTwiceClosedEarlyOrResizedItStaysOneSheet) {
     screen->showFontPicker();
     DQFontPicker* picker = screen->fontPicker();
     picker->setSizeList({17.9f});
@@ -144,10 +143,7 @@ TEST_F(FontSheet, EveryWheelChangeStoresFontTruncatedSizeAndColor) {
     EXPECT_EQ(stored("BADGE_FONT"), "Verdana");
     turn(picker->colorComponentIndex(), 0);
     EXPECT_EQ(stored("BADGE_FONT_COLOR"), "1.000000,0.501961,0.000000,1.000000");
-}
 
-TEST_F(FontSheet, OpenedTwiceOrClosedWhileSlidingOrResizedLeavesOneSheetOrNone) {
-    screen->showFontPicker();
     QPointer<QWidget> first = sheet();
     screen->showFontPicker();
     EXPECT_FALSE(first);

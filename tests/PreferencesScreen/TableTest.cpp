@@ -28,7 +28,7 @@ bool isDimmed(const TableViewCell* cell) {
 
 } // namespace
 
-TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
+TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefaultAndStoredValuesAtARebuild) {
     open();
     const QStringList expected[] = {
         {"Enabled:"},
@@ -60,6 +60,20 @@ TEST_F(Table, WithoutSettingsShowsEveryRowWithItsDefault) {
         for (int x = 0; x < donate.width(); ++x)
             blue += donate.pixelColor(x, y).blue() > 180 && donate.pixelColor(x, y).red() < 90;
     EXPECT_GT(blue, 20);
+
+    // Rows show the stored values at a rebuild, and another program's changes at the next one.
+    setPreferencesObjectKey("0.255000,0.500000", SettingsKey::badgeLocation);
+    setPreferencesObjectKey("0.505000", SettingsKey::badgeAlpha);
+    setPreferencesObjectKey("Qwertyfont", SettingsKey::badgeFont);
+    screen->reloadTableData();
+    EXPECT_EQ(text(1, 4), "Position: 25%, 50%");
+    EXPECT_EQ(text(1, 7), "Alpha: 50%");
+    EXPECT_EQ(text(1, 2), "Font: (null)");
+
+    setPreferencesObjectKey("DejaVuSans-Bold", SettingsKey::badgeFont);
+    EXPECT_EQ(text(1, 2), "Font: (null)");
+    screen->reloadTableData();
+    EXPECT_EQ(text(1, 2), "Font: DejaVuSans-Bold");
 }
 
 TEST_F(Table, SwitchedOffOrHiddenDimsAndDisablesTheBadgeRowsBelowTheControlThatDidIt) {
@@ -93,21 +107,6 @@ TEST_F(Table, SwitchedOffOrHiddenDimsAndDisablesTheBadgeRowsBelowTheControlThatD
     setPreferencesObjectKey("TRUE", SettingsKey::badgeVisible);
     screen->reloadTableData();
     EXPECT_EQ(screen->iconImageView()->accessibleName(), "Badge preview: Hi 1 on a sample icon");
-}
-
-TEST_F(Table, RowsShowTheStoredValuesAndAnotherProgramsChangesAtTheNextRebuild) {
-    setPreferencesObjectKey("0.255000,0.500000", SettingsKey::badgeLocation);
-    setPreferencesObjectKey("0.505000", SettingsKey::badgeAlpha);
-    setPreferencesObjectKey("Qwertyfont", SettingsKey::badgeFont);
-    open();
-    EXPECT_EQ(text(1, 4), "Position: 25%, 50%");
-    EXPECT_EQ(text(1, 7), "Alpha: 50%");
-    EXPECT_EQ(text(1, 2), "Font: (null)");
-
-    setPreferencesObjectKey("DejaVuSans-Bold", SettingsKey::badgeFont);
-    EXPECT_EQ(text(1, 2), "Font: (null)");
-    screen->reloadTableData();
-    EXPECT_EQ(text(1, 2), "Font: DejaVuSans-Bold");
 }
 
 TEST(RowGeometry, PercentagesTruncateTheFloatProductAndSaturate) {

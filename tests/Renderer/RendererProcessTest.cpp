@@ -63,15 +63,12 @@ bool textLiesInsideTheBadge(const QImage& background, const QImage& text) {
     const QSizeF room = pointSize(background) - pointSize(text);
     const QPoint offset(int(std::round(float(room.width() * 0.5)) * scale),
                         int(std::round(float(room.height() * 0.5)) * scale));
-    for (int y = 0; y < text.height(); ++y) {
-        for (int x = 0; x < text.width(); ++x) {
-            if (qAlpha(text.pixel(x, y)) == 0)
-                continue;
-            const QPoint at = offset + QPoint(x, y);
-            if (!background.rect().contains(at) || qAlpha(background.pixel(at)) < 250)
+    for (int y = 0; y < text.height(); ++y)
+        for (int x = 0; x < text.width(); ++x)
+            if (const QPoint at = offset + QPoint(x, y);
+                qAlpha(text.pixel(x, y)) != 0 &&
+                (!background.rect().contains(at) || qAlpha(background.pixel(at)) < 250))
                 return false;
-        }
-    }
     return true;
 }
 

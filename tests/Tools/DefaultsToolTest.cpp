@@ -27,7 +27,7 @@ protected:
 
 } // namespace
 
-TEST_F(DefaultsTool, ReadOnAnEmptyRootListsTheElevenDefaultsInOrder) {
+TEST_F(DefaultsTool, ReadListsTheElevenDefaultsInOrderAndShowsControlCharactersEscaped) {
     const ProgramRun read = defaults({"read"});
     EXPECT_EQ(read.status, 0) << read.err;
     EXPECT_EQ(read.out, "ENABLED = true\n"
@@ -42,9 +42,15 @@ TEST_F(DefaultsTool, ReadOnAnEmptyRootListsTheElevenDefaultsInOrder) {
                         "BADGE_ALPHA = 1\n"
                         "BADGE_LOCATION = 0,0\n");
     EXPECT_FALSE(settingsFileExists());
+
+    // Another program stored an escape sequence, a tab, a backslash and a stray byte.
+    root.writeFile(std::string(DevicePath::preferencesFile),
+                   "<plist><dict><key>BADGE_TEXT_FIELD_TEXT</key>"
+                   "<string>&#x1b;[31mred\t\\\xff</string></dict></plist>");
+    EXPECT_EQ(defaults({"read", "BADGE_TEXT_FIELD_TEXT"}).out, "\\x1B[31mred\\t\\\\\\xFF\n");
 }
 
-TEST_F(DefaultsTool, WritesReachTheGettersAndDeleteAndResetUndoThem) {
+TEST_F(DefaultsTool, WritesReachTheGettersDeleteAndResetUndoThemAndAStyleComesBackWhole) {
     ASSERT_EQ(defaults({"write", "ENABLED", "No"}).status, 0);
     ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", " @@ x "}).status, 0);
     // The edges of each range, and a negative value that is no option.
@@ -66,6 +72,32 @@ TEST_F(DefaultsTool, WritesReachTheGettersAndDeleteAndResetUndoThem) {
     ASSERT_EQ(defaults({"reset"}).status, 0);
     EXPECT_FALSE(settingsFileExists());
     EXPECT_EQ(defaults({"reset"}).status, 0);
+
+    // An exported style comes back whole, and a bad one is refused whole.
+    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", "Hi\t@"}).status, 0);
+    ASSERT_EQ(defaults({"write", "BADGE_ALPHA", "0.25"}).status, 0);
+    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "-0.5,1.5"}).status, 0);
+    const QString style = dir + "/style.plist", again = dir + "/again.plist";
+    ASSERT_EQ(defaults({"export", style}).status, 0);
+    const std::string before = defaults({"read"}).out;
+    ASSERT_EQ(defaults({"reset"}).status, 0);
+    ASSERT_EQ(defaults({"import", style}).status, 0);
+    EXPECT_EQ(defaults({"read"}).out, before);
+    ASSERT_EQ(defaults({"export", again}).status, 0);
+    EXPECT_EQ(root.readFile("/style.plist"), root.readFile("/again.plist"));
+
+    // One value the window could not have stored, after good ones: nothing is written.
+    std::string bad = root.readFile("/style.plist");
+    const auto at = bad.find("0.25");
+    ASSERT_NE(at, std::string::npos);
+    root.writeFile("/bad.plist", bad.replace(at, 4, "1.25"));
+    ASSERT_EQ(defaults({"reset"}).status, 0);
+    const ProgramRun refused = defaults({"import", dir + "/bad.plist"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("BADGE_ALPHA: '1.25' is not a number from 0 to 1"),
+              std::string::npos)
+        << refused.err;
+    EXPECT_FALSE(settingsFileExists());
 }
 
 TEST_F(DefaultsTool, BadCommandLinesAndValuesTheWindowCouldNotStoreSayWhatIsWrongAndWriteNothing) {
@@ -125,39 +157,4 @@ TEST_F(DefaultsTool, OnlyARegularFileAtTheSettingsPathIsReadOrReplaced) {
         EXPECT_EQ(fs::symlink_status(path).type(), type);
         fs::remove(path);
     }
-}
-
-TEST_F(DefaultsTool, ReadShowsControlCharactersEscaped) {
-    // Another program stored an escape sequence, a tab, a backslash and a stray byte.
-    root.writeFile(std::string(DevicePath::preferencesFile),
-                   "<plist><dict><key>BADGE_TEXT_FIELD_TEXT</key>"
-                   "<string>&#x1b;[31mred\t\\\xff</string></dict></plist>");
-    EXPECT_EQ(defaults({"read", "BADGE_TEXT_FIELD_TEXT"}).out, "\\x1B[31mred\\t\\\\\\xFF\n");
-}
-
-TEST_F(DefaultsTool, AnExportedStyleComesBackWholeAndABadOneIsRefusedWhole) {
-    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", "Hi\t@"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_ALPHA", "0.25"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "-0.5,1.5"}).status, 0);
-    const QString style = dir + "/style.plist", again = dir + "/again.plist";
-    ASSERT_EQ(defaults({"export", style}).status, 0);
-    const std::string before = defaults({"read"}).out;
-    ASSERT_EQ(defaults({"reset"}).status, 0);
-    ASSERT_EQ(defaults({"import", style}).status, 0);
-    EXPECT_EQ(defaults({"read"}).out, before);
-    ASSERT_EQ(defaults({"export", again}).status, 0);
-    EXPECT_EQ(root.readFile("/style.plist"), root.readFile("/again.plist"));
-
-    // One value the window could not have stored, after good ones: nothing is written.
-    std::string bad = root.readFile("/style.plist");
-    const auto at = bad.find("0.25");
-    ASSERT_NE(at, std::string::npos);
-    root.writeFile("/bad.plist", bad.replace(at, 4, "1.25"));
-    ASSERT_EQ(defaults({"reset"}).status, 0);
-    const ProgramRun refused = defaults({"import", dir + "/bad.plist"});
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_NE(refused.err.find("BADGE_ALPHA: '1.25' is not a number from 0 to 1"),
-              std::string::npos)
-        << refused.err;
-    EXPECT_FALSE(settingsFileExists());
 }

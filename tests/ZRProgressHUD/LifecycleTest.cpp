@@ -157,7 +157,7 @@ TEST_F(NoticeLifecycle, DoneCancelsPendingDelayedHides) {
     EXPECT_EQ(listener.events.size(), 2u);
 }
 
-TEST(NoticeOverAView, ClassOperationsFindShowAndRemoveTheNoticesOfAView) {
+TEST(NoticeOverAView, ClassOperationsFindShowAndRemoveNoticesAndADestroyedViewLeavesNothingBehind) {
     QWidget view;
     EXPECT_FALSE(ZRProgressHUD::hideHUDForView(&view, true));
 
@@ -171,6 +171,24 @@ TEST(NoticeOverAView, ClassOperationsFindShowAndRemoveTheNoticesOfAView) {
     EXPECT_EQ(ZRProgressHUD::hideAllHUDsForView(&view, false), 1);
     EXPECT_EQ(ZRProgressHUD::HUDForView(&view), nullptr);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    // The work never ends while the view is there, yet the loop goes on and the view may go.
+    std::latch release(1);
+    QThreadPool queue;
+    QPointer<ZRProgressHUD> hud;
+    {
+        QWidget doomed;
+        hud = ZRProgressHUD::showHUDAddedTo(&doomed, true);
+        hud->hide(true, 2.0);
+        hud->showAnimated(
+            true, [&release] { release.wait(); }, &queue);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(hud->taskInProgress());
+    }
+    EXPECT_TRUE(hud.isNull());
+    release.count_down();
+    queue.waitForDone();
+    QCoreApplication::processEvents(); // the work's queued clean-up finds no notice
 }
 
 TEST_F(NoticeLifecycle, WorkThatThrowsLeavesTheNoticeUp) {
@@ -203,26 +221,6 @@ TEST_F(NoticeLifecycle, WorkAndChangesFromOtherThreadsTakeEffectOnTheMainThread)
     EXPECT_TRUE(hud->taskInProgress());
     QTRY_VERIFY_WITH_TIMEOUT(completedOn == std::this_thread::get_id(), 10000);
     EXPECT_EQ(work.received, 42);
-}
-
-// The work never ends while the view is there, yet the loop goes on and the view may go.
-TEST(NoticeOverAView, DestroyingTheViewWhileShownLeavesNothingBehind) {
-    std::latch release(1);
-    QThreadPool queue;
-    QPointer<ZRProgressHUD> hud;
-    {
-        QWidget view;
-        hud = ZRProgressHUD::showHUDAddedTo(&view, true);
-        hud->hide(true, 2.0);
-        hud->showAnimated(
-            true, [&release] { release.wait(); }, &queue);
-        QCoreApplication::processEvents();
-        EXPECT_TRUE(hud->taskInProgress());
-    }
-    EXPECT_TRUE(hud.isNull());
-    release.count_down();
-    queue.waitForDone();
-    QCoreApplication::processEvents(); // the work's queued clean-up finds no notice
 }
 
 TEST(NoticeOverAView, ATopLevelWindowTurnsTheNoticeWithTheScreen) {

@@ -1,36 +1,28 @@
 #include "ImageFile.h"
 #include "PreviewComposition.h"
 #include "PrivateSessionBus.h"
+#include "ProgramRun.h"
 #include "RendererProcess.h"
 #include "TemporaryDeviceRoot.h"
 
-#include <QProcess>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 using namespace pomwick;
+using pomwick::test::ProgramRun;
 
 namespace {
-
-struct ToolRun {
-    int status;
-    QString err;
-};
 
 class PreviewEndToEnd : public testing::Test {
 protected:
     void SetUp() override { test::PrivateSessionBus::address(); }
 
-    ToolRun defaults(const QStringList& arguments, bool withBus = true) {
-        QProcess tool;
+    ProgramRun defaults(const QStringList& arguments, bool withBus = true) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert("POMWICK_ROOT", QString::fromStdString(root.path()));
         if (!withBus)
             environment.remove("DBUS_SESSION_BUS_ADDRESS");
-        tool.setProcessEnvironment(environment);
-        tool.start(DEFAULTS_TOOL, arguments);
-        EXPECT_TRUE(tool.waitForFinished(20000));
-        return {tool.exitCode(), QString::fromUtf8(tool.readAllStandardError())};
+        return test::runProgram(DEFAULTS_TOOL, arguments, environment);
     }
 
     test::TemporaryDeviceRoot root;
@@ -45,8 +37,8 @@ TEST_F(PreviewEndToEnd, ShowsTheStoredTextAtTheStoredLocationAsTheScreenComposes
     ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "0.600000,-0.150000"}).status, 0);
     ASSERT_EQ(defaults({"write", "BADGE_BACKGROUND_COLOR", "0,0,1,1"}).status, 0);
     const QString path = QString::fromStdString((root.path() / "at-signs.png").string());
-    const ToolRun run = defaults({"preview", path});
-    ASSERT_EQ(run.status, 0) << run.err.toStdString();
+    const ProgramRun run = defaults({"preview", path});
+    ASSERT_EQ(run.status, 0) << run.err;
     const QImage atSigns = imageWithContentsOfFile(path.toStdString());
     ASSERT_FALSE(atSigns.isNull());
 
@@ -71,9 +63,9 @@ TEST_F(PreviewEndToEnd, WithoutARendererOrABusOrAPlainFileToWriteTheToolSaysWhy)
         {fifo, true, fifo + " is not a regular file"},
     };
     for (const auto& [output, withBus, says] : cases) {
-        const ToolRun run = defaults({"preview", output}, withBus);
+        const ProgramRun run = defaults({"preview", output}, withBus);
         EXPECT_EQ(run.status, 1);
-        EXPECT_TRUE(run.err.contains(says)) << run.err.toStdString();
+        EXPECT_NE(run.err.find(says.toStdString()), std::string::npos) << run.err;
     }
     EXPECT_TRUE(std::filesystem::is_fifo(root.path() / "fifo"));
 }

@@ -8,7 +8,7 @@
 
 using namespace pomwick;
 
-TEST(DevicePaths, RootComesFromOptionThenEnvironmentThenUserStateThenHome) {
+TEST(DevicePaths, RootComesFromOptionEnvironmentStateOrHomeAndIsRefusedIfOthersCanChangeIt) {
     const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
     setenv("POMWICK_ROOT", "/from/environment", 1);
     EXPECT_EQ(DeviceRoot::choose(std::string("/from/option")), "/from/option");
@@ -27,9 +27,7 @@ TEST(DevicePaths, RootComesFromOptionThenEnvironmentThenUserStateThenHome) {
               std::filesystem::path(user->pw_dir) / ".local/state/pomwick/device");
     if (!home.empty())
         setenv("HOME", home.c_str(), 1);
-}
 
-TEST(DevicePaths, RefusesRootsThatOtherUsersCanChange) {
     namespace fs = std::filesystem;
     QTemporaryDir scratch;
     const fs::path base = scratch.path().toStdString();
@@ -39,17 +37,15 @@ TEST(DevicePaths, RefusesRootsThatOtherUsersCanChange) {
         return base / name;
     };
     using fs::perms;
-    const perms own = perms::owner_all;
-    const perms shared = perms::all;
     struct Case {
         fs::path root;
         const char* refusal; // nullptr: accepted
     } cases[] = {
-        {folder("own", own), nullptr},
+        {folder("own", perms::owner_all), nullptr},
         {base / "own" / "not-yet-made", nullptr},
-        {folder("world-writable", shared), "can be written by other users"},
-        {folder("open-parent", shared) / "device", "can be written by other users"},
-        {folder("sticky-parent", shared | perms::sticky_bit) / "device", nullptr},
+        {folder("world-writable", perms::all), "can be written by other users"},
+        {folder("open-parent", perms::all) / "device", "can be written by other users"},
+        {folder("sticky-parent", perms::all | perms::sticky_bit) / "device", nullptr},
         {fs::path(), "no home folder"},
     };
     for (const Case& c : cases) {
@@ -60,7 +56,7 @@ TEST(DevicePaths, RefusesRootsThatOtherUsersCanChange) {
             EXPECT_NE(refusal.value_or("").find(c.refusal), std::string::npos) << c.root;
     }
     if (geteuid() == 0) {
-        const fs::path theirs = folder("theirs", own);
+        const fs::path theirs = folder("theirs", perms::owner_all);
         ASSERT_EQ(chown(theirs.c_str(), 65534, 65534), 0);
         EXPECT_NE(DeviceRoot::refusal(theirs).value_or("").find("belongs to another user"),
                   std::string::npos);

@@ -6,7 +6,7 @@
 
 using namespace pomwick;
 
-TEST(FontCatalogue, ListsFamiliesSortedAndTheirFacesByPostScriptName) {
+TEST(FontCatalogue, ListsFamiliesSortedAndResolvesFaceNamesFamiliesAndConfiguredAliases) {
     const auto& catalogue = FontCatalogue::shared();
     const auto families = catalogue.familyNames();
     ASSERT_FALSE(families.empty());
@@ -16,10 +16,6 @@ TEST(FontCatalogue, ListsFamiliesSortedAndTheirFacesByPostScriptName) {
     const auto faces = catalogue.fontNamesForFamilyName("DejaVu Sans");
     EXPECT_NE(std::find(faces.begin(), faces.end(), "DejaVuSans-Bold"), faces.end());
     EXPECT_TRUE(catalogue.fontNamesForFamilyName("No Such Family").empty());
-}
-
-TEST(FontCatalogue, ResolvesFaceNamesFamiliesAndConfiguredAliases) {
-    const auto& catalogue = FontCatalogue::shared();
 
     const auto bold = catalogue.fontWithName("DejaVuSans-Bold", 17);
     ASSERT_TRUE(bold);

@@ -7,33 +7,28 @@
 
 using namespace pomwick;
 
-TEST(TextScanning, BoolValueReadsTheFirstSignificantCharacter) {
+TEST(TextScanning, BoolsReadTheFirstCharacterNumbersTheLeadingDecimalSaturatedTinyZero) {
     for (const char* yes : {"1", "TRUE", "true", "Yes", "y", "  t", "+1", "-0009", "007", "9abc"})
         EXPECT_TRUE(boolValue(yes)) << yes;
     for (const char* no : {"", "0", "FALSE", "no", "abc", "  ", "-", "000", "0.9", " x1", "\n"})
         EXPECT_FALSE(boolValue(no)) << no;
-}
 
-TEST(TextScanning, IntValueTakesTheLeadingIntegerAndSaturates) {
     EXPECT_EQ(intValue("12.7"), 12);
     EXPECT_EQ(intValue("  -42px"), -42);
     EXPECT_EQ(intValue("+7"), 7);
     EXPECT_EQ(intValue("abc"), 0);
     EXPECT_EQ(intValue("99999999999999999999"), std::numeric_limits<int32_t>::max());
     EXPECT_EQ(intValue("-99999999999999999999"), std::numeric_limits<int32_t>::min());
-}
 
-TEST(TextScanning, FloatValueTakesTheLeadingDecimalNumberOnly) {
+    // Floats take the leading decimal number only: not the words and hexadecimal that a C
+    // library's scanner would take.
     EXPECT_FLOAT_EQ(floatValue("  1.2abc"), 1.2f);
     EXPECT_FLOAT_EQ(floatValue(".5"), 0.5f);
     EXPECT_FLOAT_EQ(floatValue("-3e2"), -300.0f);
     EXPECT_FLOAT_EQ(floatValue("2e"), 2.0f);
-    // Words and hexadecimal that a C library's scanner would take.
     for (const char* notDecimal : {"nan", "inf", "0x10"})
         EXPECT_EQ(floatValue(notDecimal), 0.0f) << notDecimal;
-}
-
-TEST(TextScanning, NumbersTooSmallForADoubleReadZeroHoweverTheyAreWritten) {
+    // Too small for a double reads zero, however it is written.
     const std::string zeros(400, '0');
     for (const std::string& tiny :
          std::vector<std::string>{"1e-999", "-0." + zeros + "1e5", "0.00001e-400"})
@@ -42,14 +37,12 @@ TEST(TextScanning, NumbersTooSmallForADoubleReadZeroHoweverTheyAreWritten) {
         EXPECT_EQ(doubleValue(huge), HUGE_VAL) << huge;
 }
 
-TEST(TextScanning, FormattingIsFixedSixDecimalsInAnyLocale) {
+TEST(TextScanning, FormattingIsFixedSixDecimalsInAnyLocaleAndSplittingKeepsEmptyParts) {
     std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
     EXPECT_EQ(formatFloat(0.50196078431), "0.501961");
     EXPECT_EQ(formatFloat(-2.25), "-2.250000");
     std::setlocale(LC_NUMERIC, "C");
-}
 
-TEST(TextScanning, SplittingKeepsEmptyParts) {
     using Parts = std::vector<std::string_view>;
     EXPECT_EQ(componentsSeparatedBy("", ','), Parts{""});
     EXPECT_EQ(componentsSeparatedBy("0.1,0.2,", ','), (Parts{"0.1", "0.2", ""}));

@@ -46,16 +46,15 @@ TEST(ImageFile, ValidFilesLoadAtScaleOneAndUnusableOnesGiveANullImage) {
     EXPECT_TRUE(imageWithContentsOfFile(folder.filePath("missing.png").toStdString()).isNull());
 }
 
-TEST(ImageContext, EmptyOrMeaninglessSizesGiveANullImage) {
+TEST(ImageContext, EmptyOrMeaninglessSizesGiveANullImageAndColorsClampOnlyWhenDrawn) {
     for (const QSizeF size :
          {QSizeF(0, 10), QSizeF(10, 0), QSizeF(-1, 5), QSizeF(NAN, 24), QSizeF(INFINITY, 24)}) {
         ImageContext context(size, 2);
         EXPECT_TRUE(context.isEmpty());
         EXPECT_TRUE(context.image().isNull());
     }
-}
 
-TEST(QtConversions, ColorsAreClampedOnlyAtTheDrawingBoundary) {
+    // Colors are clamped only at the drawing boundary.
     EXPECT_EQ(toQColor({2, -1, NAN, 0.5f}), QColor::fromRgbF(1, 0, 0, 0.5f));
     const QFont sized = toQFont(Font{"Verdana", 16, "DejaVu Sans", "Book", {}});
     EXPECT_EQ(sized.pixelSize(), 16);

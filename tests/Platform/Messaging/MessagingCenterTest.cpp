@@ -48,7 +48,7 @@ protected:
 
 } // namespace
 
-TEST_F(MessagingCenterTest, DeliversToTheLatestLiveRegistrationInOrderOnTheMainThread) {
+TEST_F(MessagingCenterTest, DeliversToTheLatestLiveTargetInOrderAnswersAndRefusesArguments) {
     QStringList received;
     bool onMainThread = false;
     auto doomed = std::make_unique<QObject>();
@@ -74,10 +74,8 @@ TEST_F(MessagingCenterTest, DeliversToTheLatestLiveRegistrationInOrderOnTheMainT
     ASSERT_TRUE(QTest::qWaitFor([&] { return received.size() == 2; }, 5000));
     EXPECT_EQ(received, (QStringList{"reloadData", "badgeSavedToTmp"}));
     EXPECT_TRUE(onMainThread);
-}
 
-TEST_F(MessagingCenterTest, AnswersCallsAwaitingAReplyAtOnceAndRefusesArguments) {
-    QObject target;
+    // Calls awaiting a reply are answered at once; calls with arguments are refused.
     int delivered = 0;
     screen().registerForMessageName(MessageName::reloadData, &target,
                                     [&](const QString&) { ++delivered; });

@@ -68,7 +68,7 @@ QImage drawn(QWidget& widget, qreal scale) {
 
 } // namespace
 
-TEST_F(Stack, TellsPagesTheyAppearAndDisappearInOrder) {
+TEST_F(Stack, TellsPagesTheyAppearAndDisappearInOrderUnderAHairlineAndACentredTitle) {
     ButtonsController* page = push(true);
     EXPECT_EQ(page->view()->size(), QSize(375, 667 - NavigationController::barHeight));
     navigation.popViewControllerAnimated(true);
@@ -80,6 +80,24 @@ TEST_F(Stack, TellsPagesTheyAppearAndDisappearInOrder) {
                                 "Background Color didAppear", "Background Color willDisappear",
                                 "Settings willAppear", "Background Color didDisappear",
                                 "Settings didAppear"}));
+
+    // The bar: a hairline of one device pixel and the title centred, at every scale.
+    push();
+    const QColor hairline = Appearance::hairline();
+    for (const qreal scale : {1.0, 2.0}) {
+        const QImage bar = drawn(navigation, scale);
+        const int bottom = int(NavigationController::barHeight * scale) - 1;
+        EXPECT_EQ(bar.pixelColor(5, bottom), hairline) << scale;
+        EXPECT_EQ(bar.pixelColor(5, bottom - 1), Appearance::barBackground()) << scale;
+        // The title's dark pixels sit around the middle, whatever the back button takes.
+        int left = bar.width(), right = -1;
+        for (int y = 0; y < bottom; ++y)
+            for (int x = 0; x < bar.width(); ++x)
+                if (const QColor c = bar.pixelColor(x, y); c.blue() < 90 && c.red() < 90)
+                    left = std::min(left, x), right = std::max(right, x);
+        ASSERT_GE(right, left) << scale;
+        EXPECT_NEAR((left + right + 1) / 2.0, bar.width() / 2.0, 2 * scale) << scale;
+    }
 }
 
 TEST_F(Stack, EscapeAndAltLeftGoBackWithTheFocusOnTheControlThatPushed) {
@@ -157,23 +175,4 @@ TEST_F(Stack, ASheetKeepsTabInsideAndThePageOutOfReachThenGivesTheFocusBack) {
     EXPECT_TRUE(sheet->isAncestorOf(focus()));
     delete sheet;
     EXPECT_EQ(focus(), root->first);
-}
-
-TEST_F(Stack, HairlineIsOneDevicePixelAndTheTitleCentredAtEveryScale) {
-    push();
-    const QColor hairline = Appearance::hairline();
-    for (const qreal scale : {1.0, 2.0}) {
-        const QImage bar = drawn(navigation, scale);
-        const int bottom = int(NavigationController::barHeight * scale) - 1;
-        EXPECT_EQ(bar.pixelColor(5, bottom), hairline) << scale;
-        EXPECT_EQ(bar.pixelColor(5, bottom - 1), Appearance::barBackground()) << scale;
-        // The title's dark pixels sit around the middle, whatever the back button takes.
-        int left = bar.width(), right = -1;
-        for (int y = 0; y < bottom; ++y)
-            for (int x = 0; x < bar.width(); ++x)
-                if (const QColor c = bar.pixelColor(x, y); c.blue() < 90 && c.red() < 90)
-                    left = std::min(left, x), right = std::max(right, x);
-        ASSERT_GE(right, left) << scale;
-        EXPECT_NEAR((left + right + 1) / 2.0, bar.width() / 2.0, 2 * scale) << scale;
-    }
 }

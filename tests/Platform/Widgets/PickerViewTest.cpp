@@ -49,7 +49,9 @@ struct ShownPicker {
     PickerView picker;
 };
 
-TEST(PickerView, MakesOnlyTheRowsItShowsAndKeepsTheSelectionInsideThem) {
+TEST(PickerView, MakesOnlyTheRowsItShowsAndTellsOncePerRestOfKeysOrTheMouseWheel) {
+    // Presses while the wheel still turns add up to one rest: it needs its real turning time.
+    Animations::ScaleOverride realLengths(1);
     ShownPicker shown;
     EXPECT_GT(shown.numbers.made.size(), 3u);
     EXPECT_LT(shown.numbers.made.size(), 20u) << "a 216-point wheel shows about seven rows";
@@ -65,12 +67,8 @@ TEST(PickerView, MakesOnlyTheRowsItShowsAndKeepsTheSelectionInsideThem) {
     shown.picker.reloadComponent(1);
     EXPECT_EQ(shown.picker.selectedRowInComponent(1), 0);
     EXPECT_TRUE(shown.numbers.picks.empty()) << "selecting from code tells nobody";
-}
 
-TEST(PickerView, KeysAndTheMouseWheelTurnAWheelAndTellOncePerRest) {
-    // Presses while the wheel still turns add up to one rest: it needs its real turning time.
-    Animations::ScaleOverride realLengths(1);
-    ShownPicker shown;
+    shown.picker.selectRow(0, 0, false);
     PickerWheel* wheel = shown.picker.wheel(0);
     wheel->setFocus();
     QTest::keyClick(wheel, Qt::Key_Down);

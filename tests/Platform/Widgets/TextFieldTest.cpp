@@ -52,7 +52,7 @@ protected:
 
 } // namespace
 
-TEST_F(TextFieldTest, AsksBeforeEveryEditWithItsRangeAndReplacementAndHonoursARefusal) {
+TEST_F(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUntilTheFocusLeaves) {
     field->setText("Hello");
 
     field->setCursorPosition(5);
@@ -93,9 +93,7 @@ TEST_F(TextFieldTest, AsksBeforeEveryEditWithItsRangeAndReplacementAndHonoursARe
     QTest::keyClicks(field, "b");
     EXPECT_EQ(field->acceptedText(), "b" + marks);
     EXPECT_EQ(field->text(), TextField::displayedPart("b" + marks));
-}
 
-TEST_F(TextFieldTest, EditingBeginsOnceUntilTheFocusGoesElsewhere) {
     // Another window in front and back again, or a menu, is no new beginning.
     for (Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
         QFocusEvent out(QEvent::FocusOut, reason);
