@@ -10,8 +10,6 @@
 #include "ViewGeometry.h"
 
 #include <QAbstractButton>
-#include <QElapsedTimer>
-#include <QProcess>
 #include <QTest>
 
 using namespace pomwick;
@@ -36,13 +34,6 @@ protected:
     void keys(QKeySequence::StandardKey key, int times) {
         for (int i = 0; i < times; ++i)
             QTest::keySequence(screen->view(), QKeySequence(key));
-    }
-    // pomwick-defaults, another process writing to this test's device root.
-    static int defaults(const QStringList& arguments, const std::filesystem::path& root) {
-        QProcess tool;
-        tool.start(DEFAULTS_TOOL,
-                   QStringList{"--root", QString::fromStdString(root.string())} + arguments);
-        return tool.waitForFinished(20000) ? tool.exitCode() : -1;
     }
 };
 
@@ -97,22 +88,6 @@ TEST_F(History, EveryKindOfChangeIsOneStepAndUndoPutsBackTheExactFile) {
     screen->table()->selectRowAtIndexPath({2, 0});
     QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
     EXPECT_FALSE(screen->undoNotice()->isVisible());
-}
-
-TEST_F(History, AnotherProgramsChangeShowsAtOnceAndIsOneStep) {
-    QElapsedTimer sinceWrite;
-    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", "Outside"}, root.path()), 0);
-    sinceWrite.start();
-    ASSERT_TRUE(
-        QTest::qWaitFor([&] { return control<TextField>(1, 1)->text() == "Outside"; }, 5000));
-    RecordProperty("shownAfterMilliseconds", int(sinceWrite.elapsed()));
-    EXPECT_EQ(screen->undoStack()->count(), 1);
-    keys(QKeySequence::Undo, 1);
-    EXPECT_EQ(stored("BADGE_TEXT_FIELD_TEXT"), "(missing)");
-    EXPECT_EQ(control<TextField>(1, 1)->text(), "");
-    // Its own undo is not taken for another writer's change.
-    QTest::qWait(200);
-    EXPECT_EQ(screen->undoStack()->count(), 1);
 }
 
 TEST_F(History, WithoutTheRendererThePreviewSaysSoUntilRespringBringsItBack) {

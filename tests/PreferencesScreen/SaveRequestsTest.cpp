@@ -3,6 +3,7 @@
 #include "Switch.h"
 #include "ViewGeometry.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QTest>
 
@@ -96,15 +97,19 @@ TEST_F(SaveRequests, OnePerSectionPerReloadOneMorePerRebuildOnePerReleaseAndOneR
     EXPECT_LT(refreshes, bursts / 10);
 }
 
-// Another program's change costs one request; the page's own writes none beyond their own.
-TEST_F(SaveRequests, AnotherProgramsChangeAsksOnceTheSettingsUndoneAsOnce) {
+// Another program's change shows at once for one request and is one step; undoing it, one more.
+TEST_F(SaveRequests, AnotherProgramsChangeShowsForOneRequestAndIsOneStep) {
     open();
     EXPECT_EQ(requests(4), 4);
+    QElapsedTimer sinceWrite;
+    sinceWrite.start();
     run(DEFAULTS_TOOL,
         {"--root", QString::fromStdString(root.path().string()), "write", "BADGE_ALPHA", "0.5"});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return text(1, 7) == "Alpha: 50%"; }, 5000));
+    RecordProperty("shownAfterMillisecondsToolStartIncluded", int(sinceWrite.elapsed()));
     EXPECT_EQ(requests(5), 5);
-    EXPECT_EQ(text(1, 7), "Alpha: 50%");
     screen->undo();
     EXPECT_EQ(requests(6), 6);
     EXPECT_EQ(text(1, 7), "Alpha: 100%");
+    EXPECT_EQ(screen->undoStack()->count(), 1) << "its own write is no other program's";
 }
