@@ -106,7 +106,7 @@ public:
     QUndoStack* undoStack() const;
     void undo();
     void redo();
-    UndoNotice* undoNotice() const { return undoNotice_; }
+    UndoNotice* undoNotice() const;
     QLabel* previewUnavailableLabel() const { return previewUnavailableLabel_; }
 
 private:
@@ -154,9 +154,9 @@ private:
     // Off while the page shows a change it did not make: that costs one request, not one a section.
     bool rowCountsRequestPreview_ = true;
     SettingsHistory* history_ = nullptr;
-    UndoNotice* undoNotice_ = nullptr;
+    QPointer<UndoNotice> undoNotice_;
     RendererPresence* renderer_ = nullptr;
-    QLabel* previewUnavailableLabel_ = nullptr;
+    QPointer<QLabel> previewUnavailableLabel_;
     QTimer rendererAbsence_;
     QTimer respringGivenUp_;
     QPointer<ZRProgressHUD> respringHUD_;

@@ -26,11 +26,6 @@ void PomwickPreferencesViewController::setUpHistory() {
     connect(history_, &SettingsHistory::settingsReplaced, this,
             &PomwickPreferencesViewController::showSettingsAgain);
 
-    undoNotice_ = new UndoNotice(view());
-    connect(undoNotice_, &UndoNotice::undoRequested, this, &PomwickPreferencesViewController::undo);
-    // Its button takes back one step only while that step is the last.
-    connect(history_->stack(), &QUndoStack::indexChanged, undoNotice_, &QWidget::hide);
-
     auto* undoAction = new QAction(tr("Undo"), view());
     undoAction->setShortcuts(QKeySequence::Undo);
     connect(undoAction, &QAction::triggered, this, &PomwickPreferencesViewController::undo);
@@ -41,6 +36,10 @@ void PomwickPreferencesViewController::setUpHistory() {
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         view()->addAction(action);
     }
+}
+
+UndoNotice* PomwickPreferencesViewController::undoNotice() const {
+    return undoNotice_;
 }
 
 QUndoStack* PomwickPreferencesViewController::undoStack() const {
@@ -62,7 +61,15 @@ void PomwickPreferencesViewController::redo() {
         history_->stack()->redo();
 }
 
+// Made the first time defaults are restored: the page holds only its own views until then.
 void PomwickPreferencesViewController::showDefaultsRestored() {
+    if (!undoNotice_) {
+        undoNotice_ = new UndoNotice(view());
+        connect(undoNotice_, &UndoNotice::undoRequested, this,
+                &PomwickPreferencesViewController::undo);
+        // Its button takes back one step only while that step is the last.
+        connect(history_->stack(), &QUndoStack::indexChanged, undoNotice_, &QWidget::hide);
+    }
     undoNotice_->showMessage(tr("Defaults restored"));
 }
 

@@ -28,17 +28,6 @@ void requestPreview() {
 } // namespace
 
 void PomwickPreferencesViewController::setUpRendererStatus() {
-    previewUnavailableLabel_ = new QLabel(
-        tr("Preview unavailable — the badge renderer is not running. Respring to start it."),
-        tableHeaderView_);
-    previewUnavailableLabel_->setObjectName("previewUnavailable");
-    previewUnavailableLabel_->setWordWrap(true);
-    previewUnavailableLabel_->setAlignment(Qt::AlignCenter);
-    previewUnavailableLabel_->setFont(Appearance::systemFont(12));
-    setBackgroundColor(previewUnavailableLabel_, Qt::white);
-    setTextColor(previewUnavailableLabel_, Appearance::sectionHeaderText());
-    previewUnavailableLabel_->hide();
-
     rendererAbsence_.setSingleShot(true);
     rendererAbsence_.setInterval(absenceNoticedAfterMilliseconds);
     connect(&rendererAbsence_, &QTimer::timeout, this, [this] {
@@ -52,7 +41,8 @@ void PomwickPreferencesViewController::setUpRendererStatus() {
 
     renderer_ = new RendererPresence(this);
     connect(renderer_, &RendererPresence::runningChanged, this, [this](bool running) {
-        const bool awaited = respringHUD_ || !previewUnavailableLabel_->isHidden();
+        const bool awaited =
+            respringHUD_ || (previewUnavailableLabel_ && !previewUnavailableLabel_->isHidden());
         if (running) {
             rendererAbsence_.stop();
             showPreviewUnavailable(false);
@@ -69,19 +59,33 @@ void PomwickPreferencesViewController::setUpRendererStatus() {
 }
 
 // Below the sample icon; over the caption while the icon size is unknown and the header is no
-// taller than the caption.
+// taller than the caption. Made the first time it is needed: the header holds only the preview
+// until then.
 void PomwickPreferencesViewController::showPreviewUnavailable(bool unavailable) {
-    if (unavailable) {
-        const QRectF header = frame(tableHeaderView_);
-        const qreal top = frame(iconImageView_).bottom() + 4;
-        const QRectF belowIcon(16, top, header.width() - 32, header.bottom() - top);
-        const bool belowFits = belowIcon.height() >= minimumStatusHeight;
-        setFrame(previewUnavailableLabel_, belowFits ? belowIcon : frame(infoLabel_));
-        // Over the caption it hides it; below the icon it lies on the header's grey.
-        previewUnavailableLabel_->setAutoFillBackground(!belowFits);
-        previewUnavailableLabel_->raise();
+    if (!unavailable) {
+        if (previewUnavailableLabel_)
+            previewUnavailableLabel_->hide();
+        return;
     }
-    previewUnavailableLabel_->setVisible(unavailable);
+    if (!previewUnavailableLabel_) {
+        previewUnavailableLabel_ = new QLabel(
+            tr("Preview unavailable — the badge renderer is not running. Respring to start it."),
+            tableHeaderView_);
+        previewUnavailableLabel_->setWordWrap(true);
+        previewUnavailableLabel_->setAlignment(Qt::AlignCenter);
+        previewUnavailableLabel_->setFont(Appearance::systemFont(12));
+        setBackgroundColor(previewUnavailableLabel_, Qt::white);
+        setTextColor(previewUnavailableLabel_, Appearance::sectionHeaderText());
+    }
+    const QRectF header = frame(tableHeaderView_);
+    const qreal top = frame(iconImageView_).bottom() + 4;
+    const QRectF belowIcon(16, top, header.width() - 32, header.bottom() - top);
+    const bool belowFits = belowIcon.height() >= minimumStatusHeight;
+    setFrame(previewUnavailableLabel_, belowFits ? belowIcon : frame(infoLabel_));
+    // Over the caption it hides it; below the icon it lies on the header's grey.
+    previewUnavailableLabel_->setAutoFillBackground(!belowFits);
+    previewUnavailableLabel_->raise();
+    previewUnavailableLabel_->show();
 }
 
 void PomwickPreferencesViewController::respring() {

@@ -91,8 +91,13 @@ TEST_F(History, EveryKindOfChangeIsOneStepAndUndoPutsBackTheExactFile) {
 }
 
 TEST_F(History, WithoutTheRendererThePreviewSaysSoUntilRespringBringsItBack) {
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            return screen->previewUnavailableLabel() &&
+                   screen->previewUnavailableLabel()->isVisible();
+        },
+        5000));
     QLabel* unavailable = screen->previewUnavailableLabel();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return unavailable->isVisible(); }, 5000));
     // Left in the build tree for people to look at.
     screen->view()->grab().save("preview-unavailable.png");
     EXPECT_LE(frame(unavailable).bottom(), frame(screen->tableHeaderView()).height());
