@@ -3,6 +3,7 @@
 #include "Appearance.h"
 
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QPainter>
 
 namespace pomwick {
@@ -23,6 +24,9 @@ UndoNotice::UndoNotice(QWidget* page)
     message_->setPalette(text);
 
     undoButton_->setFlat(true);
+    // The keyboard has Ctrl+Z for the same; the focus must not sit on a button that goes by itself.
+    undoButton_->setFocusPolicy(Qt::NoFocus);
+    undoButton_->setToolTip(QKeySequence(QKeySequence::Undo).toString(QKeySequence::NativeText));
     undoButton_->setCursor(Qt::PointingHandCursor);
     undoButton_->setFont(Appearance::systemFont(15, QFont::DemiBold));
     // The tint, lightened to read on the dark panel.
