@@ -1,5 +1,6 @@
 // Undo and redo of every stored change, changes by other writers shown at once, and the notice
 // that offers to take back "Restore Defaults".
+#include "ModalScope.h"
 #include "PomwickPreferencesViewController.h"
 #include "SettingsHistory.h"
 #include "UndoNotice.h"
@@ -32,8 +33,10 @@ void PomwickPreferencesViewController::setUpHistory() {
     auto* redoAction = new QAction(tr("Redo"), view());
     redoAction->setShortcuts(redoKeys());
     connect(redoAction, &QAction::triggered, this, &PomwickPreferencesViewController::redo);
+    // Wherever the focus is in the page's window, or none at all after a click: the page's view
+    // is hidden while a sub-page is on top, which is when they do nothing.
     for (QAction* action : {undoAction, redoAction}) {
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        action->setShortcutContext(Qt::WindowShortcut);
         view()->addAction(action);
     }
 }
@@ -50,14 +53,14 @@ void PomwickPreferencesViewController::endGesture(const QString& description) {
     history_->endGesture(description);
 }
 
-// While the font sheet is up its wheels own the change under way.
+// While a sheet is up (the font sheet's wheels, the composer) the page beneath keeps still.
 void PomwickPreferencesViewController::undo() {
-    if (!fontContainerView_)
+    if (!ModalScope::isActiveIn(view()))
         history_->stack()->undo();
 }
 
 void PomwickPreferencesViewController::redo() {
-    if (!fontContainerView_)
+    if (!ModalScope::isActiveIn(view()))
         history_->stack()->redo();
 }
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The real programs in a real X window: xdotool clicks the switch, drags the alpha slider, types a
-# badge text and presses Return; then the settings file is checked and the window photographed.
+# badge text and presses Return, takes it back with Ctrl+Z and makes it again with Ctrl+Shift+Z;
+# then the settings file is checked and the window photographed.
 #   SettingsWindowEndToEnd.sh BUILD_DIR SCREENSHOT.png
 BUILD_DIR=$1
 SCREENSHOT=$2
@@ -44,6 +45,13 @@ xdotool type --delay 40 '  Hi@ '
 returned=$(preview_stamp); xdotool key Return
 expect_setting BADGE_TEXT_FIELD_TEXT "Hi@" "Return did not store the trimmed text"
 wait_for_fresh_preview "$returned"
+
+# The keyboard takes the text back and gives it again, wherever the focus is in the window.
+undone=$(preview_stamp); xdotool key ctrl+z
+expect_setting BADGE_TEXT_FIELD_TEXT "" "Ctrl+Z did not take the text back"
+wait_for_fresh_preview "$undone"
+xdotool key ctrl+shift+z
+expect_setting BADGE_TEXT_FIELD_TEXT "Hi@" "Ctrl+Shift+Z did not make the text again"
 
 photograph
 echo "settings window end to end: 1 passed, 0 failed"
