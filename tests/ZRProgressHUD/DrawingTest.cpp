@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 
 using namespace pomwick;
 
@@ -32,6 +31,21 @@ QColor pixelAt(const QImage& image, QPointF point) {
     return image.pixelColor(int(point.x() * scale), int(point.y() * scale));
 }
 
+// Each case drawn at scale 1 and at scale 2.
+template <class Case> auto atScalesOneAndTwo(const Case& cases) {
+    return testing::Combine(testing::ValuesIn(cases), testing::Values(1.0, 2.0));
+}
+
+struct Host {
+    explicit Host(QSize size) { view.resize(size); }
+    ZRProgressHUD* notice(int mode) {
+        auto* hud = ZRProgressHUD::showHUDAddedTo(&view, false);
+        hud->setMode(mode);
+        return hud;
+    }
+    QWidget view;
+};
+
 struct PanelCase {
     bool dim;
     QPointF point;
@@ -43,10 +57,8 @@ class PanelDrawing : public testing::TestWithParam<std::tuple<PanelCase, qreal>>
 // A 100 x 60 panel (minSize) in a 300 x 100 host: at (100, 20), corners of radius 10.
 TEST_P(PanelDrawing, IsARoundedTranslucentRectangleOverAnOptionalRadialDimming) {
     const auto [c, scale] = GetParam();
-    QWidget host;
-    host.resize(300, 100);
-    ZRProgressHUD* hud = ZRProgressHUD::showHUDAddedTo(&host, false);
-    hud->setMode(ZRProgressHUDModeTextOnly);
+    Host host({300, 100});
+    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
     hud->setMinSize({100, 60});
     hud->setDimBackground(c.dim);
     hud->layoutSubviews();
@@ -55,19 +67,13 @@ TEST_P(PanelDrawing, IsARoundedTranslucentRectangleOverAnOptionalRadialDimming) 
     EXPECT_LE(pixel.red(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Points, PanelDrawing,
-    testing::Combine(testing::Values(PanelCase{false, {150, 50}, 204}, // black at 0.8
-                                     PanelCase{false, {101, 21}, 0},   // cut by the corner
-                                     PanelCase{false, {102, 50}, 204},
-                                     PanelCase{false, {20, 50}, 0},
-                                     // Past the gradient's end, the corners keep 0.75.
-                                     PanelCase{true, {1, 1}, 191},
-                                     // 45 points from the center: 0.45 of the way.
-                                     PanelCase{true, {150, 5}, 86},
-                                     // The panel over the dimming's clear center.
-                                     PanelCase{true, {150, 50}, 204}),
-                     testing::Values(1.0, 2.0)));
+// Undimmed: black at 0.8 inside the panel, nothing where the corner cuts it or beside it. Dimmed:
+// past the gradient's end the corners keep 0.75; 45 points from the center is 0.45 of the way;
+// the panel lies over the dimming's clear center.
+const PanelCase panelCases[] = {
+    {false, {150, 50}, 204}, {false, {101, 21}, 0}, {false, {102, 50}, 204}, {false, {20, 50}, 0},
+    {true, {1, 1}, 191},     {true, {150, 5}, 86},  {true, {150, 50}, 204}};
+INSTANTIATE_TEST_SUITE_P(Points, PanelDrawing, atScalesOneAndTwo(panelCases));
 
 // Twelve spokes, one every 30 degrees from twelve o'clock, with nothing between them.
 TEST(SpinnerDrawing, HasTwelveSpokes) {
@@ -81,17 +87,14 @@ TEST(SpinnerDrawing, HasTwelveSpokes) {
 }
 
 enum class Ink { None, Faint, White, Red };
+using enum Ink;
 
 Ink inkOf(const QColor& pixel) {
-    if (pixel.alpha() < 8)
-        return Ink::None;
     if (pixel.alpha() < 60)
-        return Ink::Faint;
-    if (pixel.red() > 200 && pixel.green() > 200)
-        return Ink::White;
-    if (pixel.red() > 200 && pixel.green() < 60)
-        return Ink::Red;
-    return Ink::None;
+        return pixel.alpha() < 8 ? None : Faint;
+    if (pixel.red() > 200)
+        return pixel.green() > 200 ? White : pixel.green() < 60 ? Red : None;
+    return None;
 }
 
 struct RoundCase {
@@ -116,23 +119,16 @@ TEST_P(RoundProgressDrawing, PutsTheWedgeOrArcWhereTheProgressSays) {
     const qreal far = c.annular ? 29.8 : 26, close = c.annular ? 7.2 : 11;
     EXPECT_EQ(inkOf(pixelAt(image, {far, close})), c.upperRight) << c.progress;
     EXPECT_EQ(inkOf(pixelAt(image, {close, far})), c.lowerLeft) << c.progress;
-    EXPECT_EQ(inkOf(pixelAt(image, {18.5, c.annular ? 18.5 : 1.4})),
-              c.annular ? Ink::None : Ink::Red);
+    EXPECT_EQ(inkOf(pixelAt(image, {18.5, c.annular ? 18.5 : 1.4})), c.annular ? None : Red);
 }
 
 // The pie's wedge is white whatever the tint, which only colors the outline. A value that is no
 // number draws no wedge.
-INSTANTIATE_TEST_SUITE_P(
-    PieAndRing, RoundProgressDrawing,
-    testing::Combine(testing::Values(RoundCase{false, 0, Ink::Faint, Ink::Faint},
-                                     RoundCase{false, 0.25f, Ink::White, Ink::Faint},
-                                     RoundCase{false, 1, Ink::White, Ink::White},
-                                     RoundCase{true, 0, Ink::Faint, Ink::Faint},
-                                     RoundCase{true, 0.25f, Ink::Red, Ink::Faint},
-                                     RoundCase{true, 1, Ink::Red, Ink::Red},
-                                     RoundCase{false, std::numeric_limits<float>::quiet_NaN(),
-                                               Ink::Faint, Ink::Faint}),
-                     testing::Values(1.0, 2.0)));
+const RoundCase roundCases[] = {{false, 0, Faint, Faint},  {false, 0.25f, White, Faint},
+                                {false, 1, White, White},  {true, 0, Faint, Faint},
+                                {true, 0.25f, Red, Faint}, {true, 1, Red, Red},
+                                {false, NAN, Faint, Faint}};
+INSTANTIATE_TEST_SUITE_P(PieAndRing, RoundProgressDrawing, atScalesOneAndTwo(roundCases));
 
 struct BarCase {
     float progress;
@@ -150,32 +146,18 @@ TEST_P(BarProgressDrawing, FillsFromTheLeftWithRoundEnds) {
     const QImage image = renderAt(&view, scale);
     const qreal xs[] = {6, 50, 70, 114};
     for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(inkOf(pixelAt(image, {xs[i], 10})) == Ink::Red, c.filled[i] == '#')
+        EXPECT_EQ(inkOf(pixelAt(image, {xs[i], 10})) == Red, c.filled[i] == '#')
             << c.progress << " at " << xs[i];
     // The outline is drawn whatever the progress; the remaining part is clear.
-    EXPECT_EQ(inkOf(pixelAt(image, {60, 2})), Ink::White);
-    EXPECT_EQ(inkOf(pixelAt(image, {2, 2})), Ink::None);
+    EXPECT_EQ(inkOf(pixelAt(image, {60, 2})), White);
+    EXPECT_EQ(inkOf(pixelAt(image, {2, 2})), None);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Values, BarProgressDrawing,
-    testing::Combine(testing::Values(BarCase{0, "...."},
-                                     // However little, the whole left cap shows.
-                                     BarCase{0.001f, "#..."}, BarCase{0.5f, "##.."},
-                                     // At 1.0 the arccosine is no number: the cap closes.
-                                     BarCase{1, "####"},
-                                     BarCase{std::numeric_limits<float>::quiet_NaN(), "...."}),
-                     testing::Values(1.0, 2.0)));
-
-struct Host {
-    explicit Host(QSize size) { view.resize(size); }
-    ZRProgressHUD* notice(int mode) {
-        auto* hud = ZRProgressHUD::showHUDAddedTo(&view, false);
-        hud->setMode(mode);
-        return hud;
-    }
-    QWidget view;
-};
+// However little the progress, the whole left cap shows. At 1.0 the arccosine is no number: the
+// cap closes.
+const BarCase barCases[] = {
+    {0, "...."}, {0.001f, "#..."}, {0.5f, "##.."}, {1, "####"}, {NAN, "...."}};
+INSTANTIATE_TEST_SUITE_P(Values, BarProgressDrawing, atScalesOneAndTwo(barCases));
 
 // A part's frame in the notice's bounds: parts sit in the panel.
 QRectF inNotice(const QWidget* part) {

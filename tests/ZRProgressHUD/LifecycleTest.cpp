@@ -3,7 +3,6 @@
 #include "Animations.h"
 #include "ZRProgressHUD.h"
 
-#include <QAbstractAnimation>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
@@ -112,19 +111,15 @@ TEST_F(NoticeLifecycle, HidingANeverShownNoticeEndsAtOnceAndOnlyALiveDelegateHea
     EXPECT_EQ(listener.events.size(), 3u);
 }
 
-struct AnimationCase {
-    int type;
-    qreal showsFrom;
-    qreal hidesTo;
-};
-
+// The animation type, the zoom the notice shows from, the zoom it hides to.
 class NoticeAnimations : public NoticeLifecycle,
-                         public testing::WithParamInterface<AnimationCase> {};
+                         public testing::WithParamInterface<std::tuple<int, qreal, qreal>> {};
 
 TEST_P(NoticeAnimations, FadeOrZoomInAndOutStoppingJustShortOfClear) {
-    hud->setAnimationType(GetParam().type);
+    const auto [type, showsFrom, hidesTo] = GetParam();
+    hud->setAnimationType(type);
     hud->show(true);
-    EXPECT_EQ(hud->zoom(), GetParam().showsFrom);
+    EXPECT_EQ(hud->zoom(), showsFrom);
     EXPECT_EQ(hud->runningAnimation()->totalDuration(), 300);
     finishAnimation(hud);
     EXPECT_EQ(hud->alpha(), 1);
@@ -134,7 +129,7 @@ TEST_P(NoticeAnimations, FadeOrZoomInAndOutStoppingJustShortOfClear) {
     QAbstractAnimation* hiding = hud->runningAnimation();
     hiding->setCurrentTime(hiding->totalDuration() - 1);
     EXPECT_NEAR(hud->alpha(), 0.02, 0.001);
-    EXPECT_NEAR(hud->zoom(), GetParam().hidesTo, 0.001);
+    EXPECT_NEAR(hud->zoom(), hidesTo, 0.001);
     EXPECT_TRUE(listener.events.empty());
     finishAnimation(hud);
     EXPECT_EQ(hud->alpha(), 0); // done() takes it the last step
@@ -142,9 +137,9 @@ TEST_P(NoticeAnimations, FadeOrZoomInAndOutStoppingJustShortOfClear) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, NoticeAnimations,
-                         testing::Values(AnimationCase{ZRProgressHUDAnimationFade, 1, 1},
-                                         AnimationCase{ZRProgressHUDAnimationZoomDown, 1.5, 0.5},
-                                         AnimationCase{ZRProgressHUDAnimationZoomUp, 0.5, 1.5}));
+                         testing::Values(std::tuple(ZRProgressHUDAnimationFade, 1.0, 1.0),
+                                         std::tuple(ZRProgressHUDAnimationZoomDown, 1.5, 0.5),
+                                         std::tuple(ZRProgressHUDAnimationZoomUp, 0.5, 1.5)));
 
 TEST_F(NoticeLifecycle, DoneCancelsPendingDelayedHides) {
     hud->show(false);
