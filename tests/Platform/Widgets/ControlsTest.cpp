@@ -3,7 +3,6 @@
 #include "Switch.h"
 
 #include <QAccessible>
-#include <QAccessibleValueInterface>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>

@@ -16,6 +16,15 @@ using namespace pomwick;
 
 namespace {
 
+// Two buttons, one over the other.
+std::pair<QPushButton*, QPushButton*> twoButtons(QWidget* widget) {
+    auto* layout = new QVBoxLayout(widget);
+    const std::pair buttons(new QPushButton("first"), new QPushButton("second"));
+    layout->addWidget(buttons.first);
+    layout->addWidget(buttons.second);
+    return buttons;
+}
+
 // A page with two buttons that logs what it is told; the first takes the keyboard when pushed.
 class ButtonsController : public ViewController {
 public:
@@ -24,11 +33,7 @@ public:
     QPushButton* second = nullptr;
     void viewDidLoad() override {
         log_ << title() + " load";
-        auto* layout = new QVBoxLayout(view());
-        first = new QPushButton("first");
-        second = new QPushButton("second");
-        layout->addWidget(first);
-        layout->addWidget(second);
+        std::tie(first, second) = twoButtons(view());
     }
     void viewWillAppear(bool) override { log_ << title() + " willAppear"; }
     void viewDidAppear(bool) override { log_ << title() + " didAppear"; }
@@ -154,11 +159,7 @@ TEST_F(Stack, NeitherPageTakesInputWhileTheySlideNorTheRestOfTheDoubleClick) {
 
 TEST_F(Stack, ASheetKeepsTabInsideAndThePageOutOfReachThenGivesTheFocusBack) {
     auto* sheet = new QWidget(root->view());
-    auto* layout = new QVBoxLayout(sheet);
-    auto* one = new QPushButton("one");
-    auto* two = new QPushButton("two");
-    layout->addWidget(one);
-    layout->addWidget(two);
+    const auto [one, two] = twoButtons(sheet);
     sheet->show();
     new ModalScope(sheet);
     one->setFocus(Qt::TabFocusReason);

@@ -31,8 +31,7 @@ public:
         return section == 0 ? "First" : QString();
     }
     TableViewCell* cellForRowAtIndexPath(TableView* table, IndexPath path) override {
-        auto* cell =
-            new TableViewCell(QString("Cell%1").arg(path.row), QSizeF(table->rowWidth(), 44));
+        auto* cell = new TableViewCell(QString("Cell%1").arg(path.row), {table->rowWidth(), 44});
         cell->textLabel()->setText(QString("%1.%2").arg(path.section).arg(path.row));
         if (path.row == 1)
             cell->setUserInteractionEnabled(false);

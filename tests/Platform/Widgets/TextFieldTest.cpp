@@ -35,24 +35,18 @@ public:
     }
 };
 
-// A field and another focusable widget in a shown window; the field has the focus.
-class TextFieldTest : public testing::Test {
-protected:
-    void SetUp() override {
-        field->setDelegate(&delegate);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        field->setFocus();
-    }
-    RecordingDelegate delegate;
-    QWidget window;
-    TextField* field = new TextField(&window);
-    QLineEdit* other = new QLineEdit(&window);
-};
-
 } // namespace
 
-TEST_F(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUntilTheFocusLeaves) {
+TEST(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUntilTheFocusLeaves) {
+    // A field and another focusable widget in a shown window; the field has the focus.
+    RecordingDelegate delegate;
+    QWidget window;
+    auto* field = new TextField(&window);
+    auto* other = new QLineEdit(&window);
+    field->setDelegate(&delegate);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    field->setFocus();
     field->setText("Hello");
 
     field->setCursorPosition(5);
@@ -95,12 +89,11 @@ TEST_F(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUnti
     EXPECT_EQ(field->text(), TextField::displayedPart("b" + marks));
 
     // Another window in front and back again, or a menu, is no new beginning.
-    for (Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
-        QFocusEvent out(QEvent::FocusOut, reason);
-        QApplication::sendEvent(field, &out);
-        QFocusEvent in(QEvent::FocusIn, reason);
-        QApplication::sendEvent(field, &in);
-    }
+    for (const Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason})
+        for (const QEvent::Type type : {QEvent::FocusOut, QEvent::FocusIn}) {
+            QFocusEvent event(type, reason);
+            QApplication::sendEvent(field, &event);
+        }
     EXPECT_EQ(delegate.begins, 1);
     other->setFocus();
     field->setFocus();
