@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <memory>
 
 using namespace pomwick;
 
@@ -36,15 +37,14 @@ template <class Case> auto atScalesOneAndTwo(const Case& cases) {
     return testing::Combine(testing::ValuesIn(cases), testing::Values(1.0, 2.0));
 }
 
-struct Host {
-    explicit Host(QSize size) { view.resize(size); }
-    ZRProgressHUD* notice(int mode) {
-        auto* hud = ZRProgressHUD::showHUDAddedTo(&view, false);
-        hud->setMode(mode);
-        return hud;
-    }
-    QWidget view;
-};
+// A notice in the mode, shown at once over a host of the size that owns it.
+std::pair<std::unique_ptr<QWidget>, ZRProgressHUD*> notice(QSize size, int mode) {
+    auto host = std::make_unique<QWidget>();
+    host->resize(size);
+    auto* hud = ZRProgressHUD::showHUDAddedTo(host.get(), false);
+    hud->setMode(mode);
+    return {std::move(host), hud};
+}
 
 struct PanelCase {
     bool dim;
@@ -57,8 +57,7 @@ class PanelDrawing : public testing::TestWithParam<std::tuple<PanelCase, qreal>>
 // A 100 x 60 panel (minSize) in a 300 x 100 host: at (100, 20), corners of radius 10.
 TEST_P(PanelDrawing, IsARoundedTranslucentRectangleOverAnOptionalRadialDimming) {
     const auto [c, scale] = GetParam();
-    Host host({300, 100});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
+    const auto [host, hud] = notice({300, 100}, ZRProgressHUDModeTextOnly);
     hud->setMinSize({100, 60});
     hud->setDimBackground(c.dim);
     hud->layoutSubviews();
@@ -165,8 +164,7 @@ QRectF inNotice(const QWidget* part) {
 }
 
 TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACenteredPanel) {
-    Host host({320, 480});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
+    const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeSpinner);
     hud->setLabelText("Loading");
     hud->setDetailsLabelText("Please wait");
     hud->layoutSubviews();
@@ -190,8 +188,7 @@ TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACenteredPanel) {
 }
 
 TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
-    Host host({320, 240});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
+    const auto [host, hud] = notice({320, 240}, ZRProgressHUDModeTextOnly);
     hud->setLabelText(QString(300, 'W'));
     // Ten thousand characters wrap within W - 4m and keep only the whole lines that fit.
     hud->setDetailsLabelText(QString("word ").repeated(2000));
@@ -207,8 +204,7 @@ TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
 // Square grows the short side to the long one, unless the host has no room for it.
 TEST(NoticeLayout, SquareGrowsTheShortSideOnlyWhenItFits) {
     for (const auto& [size, grows] : {std::pair{QSize(320, 480), true}, {QSize(320, 120), false}}) {
-        Host host(size);
-        ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
+        const auto [host, hud] = notice(size, ZRProgressHUDModeTextOnly);
         hud->setLabelText("A wide label");
         hud->layoutSubviews();
         const QSizeF plain = hud->panelSize();
@@ -232,8 +228,7 @@ TEST(NoticeIndicators, FollowTheModeKeepARingARingAndACustomViewAndTakeProgressO
                  {{3, 1}, "pomwick::ZRRoundProgressView", true},
                  {{1, 3, 0, 1}, "pomwick::ZRRoundProgressView", false}};
     for (const auto& [modes, indicatorClass, annular] : cases) {
-        Host host({320, 480});
-        ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
+        const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeSpinner);
         for (const int mode : modes)
             hud->setMode(mode);
         ASSERT_NE(hud->indicator(), nullptr);
@@ -241,8 +236,7 @@ TEST(NoticeIndicators, FollowTheModeKeepARingARingAndACustomViewAndTakeProgressO
         EXPECT_EQ(hud->indicator()->property("annular").toBool(), annular) << modes.size();
     }
 
-    Host host({320, 480});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeRoundProgress);
+    const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeRoundProgress);
     hud->setProgress(0.4f);
     EXPECT_FLOAT_EQ(hud->indicator()->property("progress").toFloat(), 0.4f);
 

@@ -23,9 +23,8 @@ namespace {
 // Runs a pending one-shot timer now.
 void fire(const QTimer& timer) {
     ASSERT_TRUE(timer.isActive());
-    auto& running = const_cast<QTimer&>(timer);
-    running.stop();
-    QMetaObject::invokeMethod(&running, "timeout");
+    const_cast<QTimer&>(timer).stop();
+    QMetaObject::invokeMethod(const_cast<QTimer*>(&timer), "timeout");
 }
 
 void finishAnimation(ZRProgressHUD* hud) {

@@ -52,12 +52,11 @@ TEST(MessagingCenterTest, DeliversToTheLatestLiveTargetInOrderAnswersAndRefusesA
     QObject target;
     screen().registerForMessageName(MessageName::reloadData, &target,
                                     [&](const QString&) { received << "replaced"; });
-    for (const QString& name : {MessageName::badgeSavedToTmp, MessageName::reloadData}) {
+    for (const QString& name : {MessageName::badgeSavedToTmp, MessageName::reloadData})
         screen().registerForMessageName(name, &target, [&](const QString& message) {
             received << message;
             onMainThread = QThread::currentThread() == QCoreApplication::instance()->thread();
         });
-    }
     // Separate senders are separate connections, with no order between them: one at a time.
     send("reloadData");
     ASSERT_TRUE(QTest::qWaitFor([&] { return received.size() == 1; }, 5000));

@@ -57,7 +57,7 @@ TEST(CommandLine, EveryProgramReportsTheSameMistakesInTheSameWords) {
         EXPECT_EQ(help.status, 0);
         for (const char* option : {"--root <folder>", "--help", "--version", "$POMWICK_ROOT"})
             EXPECT_NE(help.out.find(option), std::string::npos) << option;
-        const ProgramRun version = run(program.path, {"--version"});
-        EXPECT_EQ(version.out, program.name.toStdString() + " " POMWICK_VERSION "\n");
+        EXPECT_EQ(run(program.path, {"--version"}).out,
+                  program.name.toStdString() + " " POMWICK_VERSION "\n");
     }
 }

@@ -29,8 +29,7 @@ std::pair<QPushButton*, QPushButton*> twoButtons(QWidget* widget) {
 class ButtonsController : public ViewController {
 public:
     ButtonsController(QString title, QStringList& log) : log_(log) { setTitle(title); }
-    QPushButton* first = nullptr;
-    QPushButton* second = nullptr;
+    QPushButton *first = nullptr, *second = nullptr;
     void viewDidLoad() override {
         log_ << title() + " load";
         std::tie(first, second) = twoButtons(view());
@@ -57,6 +56,11 @@ protected:
         return page;
     }
     QWidget* focus() const { return navigation.focusWidget(); }
+    // The page on top once the key was pressed on the widget.
+    ViewController* topAfter(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(widget, key, modifiers);
+        return navigation.topViewController();
+    }
     QStringList log;
     ButtonsController* root;
     NavigationController navigation;
@@ -109,21 +113,16 @@ TEST_F(Stack, EscapeAndAltLeftGoBackWithTheFocusOnTheControlThatPushed) {
     root->second->setFocus(Qt::TabFocusReason);
     ButtonsController* page = push();
     EXPECT_EQ(focus(), page->first) << "the keyboard goes on in the new page";
-    QTest::keyClick(page->first, Qt::Key_Escape);
-    EXPECT_EQ(navigation.topViewController(), root);
+    EXPECT_EQ(topAfter(page->first, Qt::Key_Escape), root);
     EXPECT_EQ(focus(), root->second);
 
     page = push();
     auto* field = new TextField(page->view());
-    QTest::keyClick(field, Qt::Key_Escape);
-    EXPECT_EQ(navigation.topViewController(), page) << "Escape belongs to the text field";
-    QTest::keyClick(page->second, Qt::Key_Backspace);
-    EXPECT_EQ(navigation.topViewController(), page) << "Backspace belongs to text";
-    QTest::keyClick(page->second, Qt::Key_Left, Qt::AltModifier);
-    EXPECT_EQ(navigation.topViewController(), root);
+    EXPECT_EQ(topAfter(field, Qt::Key_Escape), page) << "Escape belongs to the text field";
+    EXPECT_EQ(topAfter(page->second, Qt::Key_Backspace), page) << "Backspace belongs to text";
+    EXPECT_EQ(topAfter(page->second, Qt::Key_Left, Qt::AltModifier), root);
     EXPECT_EQ(focus(), root->second);
-    QTest::keyClick(root->second, Qt::Key_Escape);
-    EXPECT_EQ(navigation.topViewController(), root) << "the root has nothing to go back to";
+    EXPECT_EQ(topAfter(root->second, Qt::Key_Escape), root) << "the root has nothing to go back to";
 }
 
 TEST_F(Stack, APageLeftWithTheFocusOfAClickLeavesItOffTheBackButton) {

@@ -54,9 +54,7 @@ protected:
         table.show();
     }
     // The old rows go once the event loop runs, never under a signal that is still running.
-    void TearDown() override {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    ~Table() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     CountingSource source;
     TableView table;
