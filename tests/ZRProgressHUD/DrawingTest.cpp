@@ -46,23 +46,20 @@ std::pair<std::unique_ptr<QWidget>, ZRProgressHUD*> notice(QSize size, int mode)
     return {std::move(host), hud};
 }
 
-struct PanelCase {
-    bool dim;
-    QPointF point;
-    int alpha; // of black, 0..255
-};
-
+// Whether the background is dimmed, a point, the alpha of black there (0..255).
+using PanelCase = std::tuple<bool, QPointF, int>;
 class PanelDrawing : public testing::TestWithParam<std::tuple<PanelCase, qreal>> {};
 
 // A 100 x 60 panel (minSize) in a 300 x 100 host: at (100, 20), corners of radius 10.
 TEST_P(PanelDrawing, IsARoundedTranslucentRectangleOverAnOptionalRadialDimming) {
     const auto [c, scale] = GetParam();
+    const auto [dim, point, alpha] = c;
     const auto [host, hud] = notice({300, 100}, ZRProgressHUDModeTextOnly);
     hud->setMinSize({100, 60});
-    hud->setDimBackground(c.dim);
+    hud->setDimBackground(dim);
     hud->layoutSubviews();
-    const QColor pixel = pixelAt(renderAt(hud, scale), c.point);
-    EXPECT_NEAR(pixel.alpha(), c.alpha, 4) << c.point.x() << "," << c.point.y();
+    const QColor pixel = pixelAt(renderAt(hud, scale), point);
+    EXPECT_NEAR(pixel.alpha(), alpha, 4) << point.x() << "," << point.y();
     EXPECT_LE(pixel.red(), 2);
 }
 
@@ -85,8 +82,7 @@ TEST(SpinnerDrawing, HasTwelveSpokes) {
     }
 }
 
-enum class Ink { None, Faint, White, Red };
-using enum Ink;
+enum Ink { None, Faint, White, Red };
 
 Ink inkOf(const QColor& pixel) {
     if (pixel.alpha() < 60)
@@ -96,29 +92,26 @@ Ink inkOf(const QColor& pixel) {
     return None;
 }
 
-struct RoundCase {
-    bool annular;
-    float progress;
-    Ink upperRight; // inside, between twelve and three o'clock
-    Ink lowerLeft;  // inside, between six and nine o'clock
-};
-
+// Ring or pie, the progress, and the ink inside the circle between twelve and three o'clock and
+// between six and nine.
+using RoundCase = std::tuple<bool, float, Ink, Ink>;
 class RoundProgressDrawing : public testing::TestWithParam<std::tuple<RoundCase, qreal>> {};
 
 TEST_P(RoundProgressDrawing, PutsTheWedgeOrArcWhereTheProgressSays) {
     const auto [c, scale] = GetParam();
+    const auto [annular, progress, upperRight, lowerLeft] = c;
     ZRRoundProgressView view;
-    view.setAnnular(c.annular);
+    view.setAnnular(annular);
     view.setProgressTintColor(Qt::red);
-    view.setProgress(c.progress);
+    view.setProgress(progress);
     ASSERT_EQ(view.size(), QSize(37, 37));
     const QImage image = renderAt(&view, scale);
     // The ring's middle line has radius 16 around (18.5, 18.5) and its inside stays clear; the
     // pie's circle, outside the wedge's radius, takes the tint.
-    const qreal far = c.annular ? 29.8 : 26, close = c.annular ? 7.2 : 11;
-    EXPECT_EQ(inkOf(pixelAt(image, {far, close})), c.upperRight) << c.progress;
-    EXPECT_EQ(inkOf(pixelAt(image, {close, far})), c.lowerLeft) << c.progress;
-    EXPECT_EQ(inkOf(pixelAt(image, {18.5, c.annular ? 18.5 : 1.4})), c.annular ? None : Red);
+    const qreal far = annular ? 29.8 : 26, close = annular ? 7.2 : 11;
+    EXPECT_EQ(inkOf(pixelAt(image, {far, close})), upperRight) << progress;
+    EXPECT_EQ(inkOf(pixelAt(image, {close, far})), lowerLeft) << progress;
+    EXPECT_EQ(inkOf(pixelAt(image, {18.5, annular ? 18.5 : 1.4})), annular ? None : Red);
 }
 
 // The pie's wedge is white whatever the tint, which only colors the outline. A value that is no
@@ -129,24 +122,22 @@ const RoundCase roundCases[] = {{false, 0, Faint, Faint},  {false, 0.25f, White,
                                 {false, NAN, Faint, Faint}};
 INSTANTIATE_TEST_SUITE_P(PieAndRing, RoundProgressDrawing, atScalesOneAndTwo(roundCases));
 
-struct BarCase {
-    float progress;
-    const char* filled; // '#' where filled at x = 6 (in the left cap), 50, 70, 114 (right cap)
-};
-
+// The progress, and '#' where filled at x = 6 (in the left cap), 50, 70, 114 (right cap).
+using BarCase = std::tuple<float, const char*>;
 class BarProgressDrawing : public testing::TestWithParam<std::tuple<BarCase, qreal>> {};
 
 TEST_P(BarProgressDrawing, FillsFromTheLeftWithRoundEnds) {
     const auto [c, scale] = GetParam();
+    const auto [progress, filled] = c;
     ZRBarProgressView view;
     view.setProgressColor(Qt::red);
-    view.setProgress(c.progress);
+    view.setProgress(progress);
     ASSERT_EQ(view.size(), QSize(120, 20));
     const QImage image = renderAt(&view, scale);
     const qreal xs[] = {6, 50, 70, 114};
     for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(inkOf(pixelAt(image, {xs[i], 10})) == Red, c.filled[i] == '#')
-            << c.progress << " at " << xs[i];
+        EXPECT_EQ(inkOf(pixelAt(image, {xs[i], 10})) == Red, filled[i] == '#')
+            << progress << " at " << xs[i];
     // The outline is drawn whatever the progress; the remaining part is clear.
     EXPECT_EQ(inkOf(pixelAt(image, {60, 2})), White);
     EXPECT_EQ(inkOf(pixelAt(image, {2, 2})), None);

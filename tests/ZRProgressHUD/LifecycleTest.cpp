@@ -76,8 +76,7 @@ TEST_F(NoticeLifecycle, GraceTimeNeverShowsAQuickTaskYetReportsItsEnd) {
     QTRY_VERIFY_WITH_TIMEOUT(!hud->taskInProgress(), 10000);
     EXPECT_EQ(listener.events, (std::vector<std::string>{"work done", "hidden"}));
     fire(hud->graceTimer());
-    EXPECT_EQ(hud->alpha(), 0);
-    EXPECT_TRUE(hud->isHidden());
+    EXPECT_EQ(std::tuple(hud->alpha(), hud->isHidden()), std::tuple(0, true));
 }
 
 TEST_F(NoticeLifecycle, MinimumShowTimeDelaysTheHideByTheRemainder) {
@@ -121,8 +120,7 @@ TEST_P(NoticeAnimations, FadeOrZoomInAndOutStoppingJustShortOfClear) {
     EXPECT_EQ(hud->zoom(), showsFrom);
     EXPECT_EQ(hud->runningAnimation()->totalDuration(), 300);
     finishAnimation(hud);
-    EXPECT_EQ(hud->alpha(), 1);
-    EXPECT_EQ(hud->zoom(), 1);
+    EXPECT_EQ(std::tuple(hud->alpha(), hud->zoom()), std::tuple(1, 1));
 
     hud->hide(true);
     QAbstractAnimation* hiding = hud->runningAnimation();
@@ -191,8 +189,7 @@ TEST_F(NoticeLifecycle, WorkThatThrowsLeavesTheNoticeUp) {
         false, [] { throw std::runtime_error("the work failed"); }, &queue);
     queue.waitForDone();
     QCoreApplication::processEvents(); // any clean-up the failed work queued
-    EXPECT_TRUE(hud->taskInProgress());
-    EXPECT_EQ(hud->alpha(), 1);
+    EXPECT_EQ(std::tuple(hud->taskInProgress(), hud->alpha()), std::tuple(true, 1));
 }
 
 TEST_F(NoticeLifecycle, WorkAndChangesFromOtherThreadsTakeEffectOnTheMainThread) {

@@ -18,8 +18,7 @@ int main(int argc, char** argv) {
         return 2;
     const struct {
         int mode;
-        const char* label;
-        const char* details;
+        const char *label, *details;
         float progress;
         bool dim;
     } scenes[] = {

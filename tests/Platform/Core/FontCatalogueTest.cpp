@@ -10,9 +10,8 @@ TEST(FontCatalogue, ListsFamiliesSortedAndResolvesFaceNamesFamiliesAndConfigured
     const auto& catalogue = FontCatalogue::shared();
     const auto families = catalogue.familyNames();
     ASSERT_FALSE(families.empty());
-    EXPECT_TRUE(std::is_sorted(families.begin(), families.end(), [](auto& a, auto& b) {
-        return strcasecmp(a.c_str(), b.c_str()) < 0;
-    }));
+    EXPECT_TRUE(std::ranges::is_sorted(
+        families, [](auto& a, auto& b) { return strcasecmp(a.c_str(), b.c_str()) < 0; }));
     const auto faces = catalogue.fontNamesForFamilyName("DejaVu Sans");
     EXPECT_NE(std::find(faces.begin(), faces.end(), "DejaVuSans-Bold"), faces.end());
     EXPECT_TRUE(catalogue.fontNamesForFamilyName("No Such Family").empty());

@@ -17,8 +17,7 @@ TEST(Switch, OnlyTheUsersTogglesAreReported) {
     toggle.setOn(true);
     EXPECT_EQ(std::tuple(property.count(), changes.count()), std::tuple(1, 0));
     QTest::mouseClick(&toggle, Qt::LeftButton);
-    EXPECT_FALSE(toggle.isOn());
-    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(std::tuple(toggle.isOn(), changes.count()), std::tuple(false, 1));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&toggle)->text(QAccessible::Value), "off");
 }
 
@@ -40,8 +39,7 @@ TEST(SegmentedControl, OnlyChoosingAnotherSegmentIsReported) {
     QTest::mouseClick(&control, Qt::LeftButton, {}, QPoint(75, 15));
     EXPECT_EQ(control.selectedSegmentIndex(), 0);
     control.setSelectedSegmentIndex(-1);
-    EXPECT_EQ(control.selectedSegmentIndex(), -1);
-    EXPECT_EQ(property.count(), 2);
+    EXPECT_EQ(std::tuple(control.selectedSegmentIndex(), property.count()), std::tuple(-1, 2));
 }
 
 TEST(Slider, SettersClampQuietlyAndEveryDragKeyOrAssistiveStepIsReported) {

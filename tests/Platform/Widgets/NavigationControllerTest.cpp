@@ -78,8 +78,7 @@ QImage drawn(QWidget& widget, qreal scale) {
 } // namespace
 
 TEST_F(Stack, TellsPagesTheyAppearAndDisappearInOrderUnderAHairlineAndACentredTitle) {
-    ButtonsController* page = push(true);
-    EXPECT_EQ(page->view()->size(), QSize(375, 667 - NavigationController::barHeight));
+    EXPECT_EQ(push(true)->view()->size(), QSize(375, 667 - NavigationController::barHeight));
     navigation.popViewControllerAnimated(true);
     EXPECT_EQ(navigation.topViewController(), root);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

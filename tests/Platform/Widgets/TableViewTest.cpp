@@ -33,8 +33,7 @@ public:
     TableViewCell* cellForRowAtIndexPath(TableView* table, IndexPath path) override {
         auto* cell = new TableViewCell(QString("Cell%1").arg(path.row), {table->rowWidth(), 44});
         cell->textLabel()->setText(QString("%1.%2").arg(path.section).arg(path.row));
-        if (path.row == 1)
-            cell->setUserInteractionEnabled(false);
+        cell->setUserInteractionEnabled(path.row != 1);
         if (path.section == 2 && path.row == 2) {
             cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
             (new QPushButton("Control", cell))->setFocusPolicy(Qt::TabFocus);

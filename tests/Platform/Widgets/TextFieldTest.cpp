@@ -9,12 +9,8 @@ using namespace pomwick;
 
 namespace {
 
-struct Edit {
-    QString before;
-    TextRange range;
-    QString replacement;
-    friend bool operator==(const Edit&, const Edit&) = default;
-};
+// An edit asked for: the text before it, the range it replaces and what replaces it.
+using Edit = std::tuple<QString, TextRange, QString>;
 
 class RecordingDelegate : public TextFieldDelegate {
 public:
