@@ -10,8 +10,8 @@ using namespace pomwick;
 
 namespace {
 
-// What a stream opened at some time reads now.
-std::string contentOf(std::ifstream&& in) {
+// What a stream opened at some time reads now. The stream is closed afterwards: the reader is gone.
+std::string contentOf(std::ifstream in) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
