@@ -11,7 +11,7 @@
 #include <QLabel>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
+#include <memory>
 
 using namespace pomwick;
 
@@ -32,42 +32,44 @@ QColor pixelAt(const QImage& image, QPointF point) {
     return image.pixelColor(int(point.x() * scale), int(point.y() * scale));
 }
 
-struct PanelCase {
-    bool dim;
-    QPointF point;
-    int alpha; // of black, 0..255
-};
+// Each case drawn at scale 1 and at scale 2.
+template <class Case> auto atScalesOneAndTwo(const Case& cases) {
+    return testing::Combine(testing::ValuesIn(cases), testing::Values(1.0, 2.0));
+}
 
+// A notice in the mode, shown at once over a host of the size that owns it.
+std::pair<std::unique_ptr<QWidget>, ZRProgressHUD*> notice(QSize size, int mode) {
+    auto host = std::make_unique<QWidget>();
+    host->resize(size);
+    auto* hud = ZRProgressHUD::showHUDAddedTo(host.get(), false);
+    hud->setMode(mode);
+    return {std::move(host), hud};
+}
+
+// Whether the background is dimmed, a point, the alpha of black there (0..255).
+using PanelCase = std::tuple<bool, QPointF, int>;
 class PanelDrawing : public testing::TestWithParam<std::tuple<PanelCase, qreal>> {};
 
 // A 100 x 60 panel (minSize) in a 300 x 100 host: at (100, 20), corners of radius 10.
 TEST_P(PanelDrawing, IsARoundedTranslucentRectangleOverAnOptionalRadialDimming) {
     const auto [c, scale] = GetParam();
-    QWidget host;
-    host.resize(300, 100);
-    ZRProgressHUD* hud = ZRProgressHUD::showHUDAddedTo(&host, false);
-    hud->setMode(ZRProgressHUDModeTextOnly);
+    const auto [dim, point, alpha] = c;
+    const auto [host, hud] = notice({300, 100}, ZRProgressHUDModeTextOnly);
     hud->setMinSize({100, 60});
-    hud->setDimBackground(c.dim);
+    hud->setDimBackground(dim);
     hud->layoutSubviews();
-    const QColor pixel = pixelAt(renderAt(hud, scale), c.point);
-    EXPECT_NEAR(pixel.alpha(), c.alpha, 4) << c.point.x() << "," << c.point.y();
+    const QColor pixel = pixelAt(renderAt(hud, scale), point);
+    EXPECT_NEAR(pixel.alpha(), alpha, 4) << point.x() << "," << point.y();
     EXPECT_LE(pixel.red(), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Points, PanelDrawing,
-    testing::Combine(testing::Values(PanelCase{false, {150, 50}, 204}, // black at 0.8
-                                     PanelCase{false, {101, 21}, 0},   // cut by the corner
-                                     PanelCase{false, {102, 50}, 204},
-                                     PanelCase{false, {20, 50}, 0},
-                                     // Past the gradient's end, the corners keep 0.75.
-                                     PanelCase{true, {1, 1}, 191},
-                                     // 45 points from the center: 0.45 of the way.
-                                     PanelCase{true, {150, 5}, 86},
-                                     // The panel over the dimming's clear center.
-                                     PanelCase{true, {150, 50}, 204}),
-                     testing::Values(1.0, 2.0)));
+// Undimmed: black at 0.8 inside the panel, nothing where the corner cuts it or beside it. Dimmed:
+// past the gradient's end the corners keep 0.75; 45 points from the center is 0.45 of the way;
+// the panel lies over the dimming's clear center.
+const PanelCase panelCases[] = {
+    {false, {150, 50}, 204}, {false, {101, 21}, 0}, {false, {102, 50}, 204}, {false, {20, 50}, 0},
+    {true, {1, 1}, 191},     {true, {150, 5}, 86},  {true, {150, 50}, 204}};
+INSTANTIATE_TEST_SUITE_P(Points, PanelDrawing, atScalesOneAndTwo(panelCases));
 
 // Twelve spokes, one every 30 degrees from twelve o'clock, with nothing between them.
 TEST(SpinnerDrawing, HasTwelveSpokes) {
@@ -80,102 +82,72 @@ TEST(SpinnerDrawing, HasTwelveSpokes) {
     }
 }
 
-enum class Ink { None, Faint, White, Red };
+enum Ink { None, Faint, White, Red };
 
 Ink inkOf(const QColor& pixel) {
-    if (pixel.alpha() < 8)
-        return Ink::None;
     if (pixel.alpha() < 60)
-        return Ink::Faint;
-    if (pixel.red() > 200 && pixel.green() > 200)
-        return Ink::White;
-    if (pixel.red() > 200 && pixel.green() < 60)
-        return Ink::Red;
-    return Ink::None;
+        return pixel.alpha() < 8 ? None : Faint;
+    if (pixel.red() > 200)
+        return pixel.green() > 200 ? White : pixel.green() < 60 ? Red : None;
+    return None;
 }
 
-struct RoundCase {
-    bool annular;
-    float progress;
-    Ink upperRight; // inside, between twelve and three o'clock
-    Ink lowerLeft;  // inside, between six and nine o'clock
-};
-
+// Ring or pie, the progress, and the ink inside the circle between twelve and three o'clock and
+// between six and nine.
+using RoundCase = std::tuple<bool, float, Ink, Ink>;
 class RoundProgressDrawing : public testing::TestWithParam<std::tuple<RoundCase, qreal>> {};
 
 TEST_P(RoundProgressDrawing, PutsTheWedgeOrArcWhereTheProgressSays) {
     const auto [c, scale] = GetParam();
+    const auto [annular, progress, upperRight, lowerLeft] = c;
     ZRRoundProgressView view;
-    view.setAnnular(c.annular);
+    view.setAnnular(annular);
     view.setProgressTintColor(Qt::red);
-    view.setProgress(c.progress);
+    view.setProgress(progress);
     ASSERT_EQ(view.size(), QSize(37, 37));
     const QImage image = renderAt(&view, scale);
     // The ring's middle line has radius 16 around (18.5, 18.5) and its inside stays clear; the
     // pie's circle, outside the wedge's radius, takes the tint.
-    const qreal far = c.annular ? 29.8 : 26, close = c.annular ? 7.2 : 11;
-    EXPECT_EQ(inkOf(pixelAt(image, {far, close})), c.upperRight) << c.progress;
-    EXPECT_EQ(inkOf(pixelAt(image, {close, far})), c.lowerLeft) << c.progress;
-    EXPECT_EQ(inkOf(pixelAt(image, {18.5, c.annular ? 18.5 : 1.4})),
-              c.annular ? Ink::None : Ink::Red);
+    const qreal far = annular ? 29.8 : 26, close = annular ? 7.2 : 11;
+    EXPECT_EQ(inkOf(pixelAt(image, {far, close})), upperRight) << progress;
+    EXPECT_EQ(inkOf(pixelAt(image, {close, far})), lowerLeft) << progress;
+    EXPECT_EQ(inkOf(pixelAt(image, {18.5, annular ? 18.5 : 1.4})), annular ? None : Red);
 }
 
 // The pie's wedge is white whatever the tint, which only colors the outline. A value that is no
 // number draws no wedge.
-INSTANTIATE_TEST_SUITE_P(
-    PieAndRing, RoundProgressDrawing,
-    testing::Combine(testing::Values(RoundCase{false, 0, Ink::Faint, Ink::Faint},
-                                     RoundCase{false, 0.25f, Ink::White, Ink::Faint},
-                                     RoundCase{false, 1, Ink::White, Ink::White},
-                                     RoundCase{true, 0, Ink::Faint, Ink::Faint},
-                                     RoundCase{true, 0.25f, Ink::Red, Ink::Faint},
-                                     RoundCase{true, 1, Ink::Red, Ink::Red},
-                                     RoundCase{false, std::numeric_limits<float>::quiet_NaN(),
-                                               Ink::Faint, Ink::Faint}),
-                     testing::Values(1.0, 2.0)));
+const RoundCase roundCases[] = {{false, 0, Faint, Faint},  {false, 0.25f, White, Faint},
+                                {false, 1, White, White},  {true, 0, Faint, Faint},
+                                {true, 0.25f, Red, Faint}, {true, 1, Red, Red},
+                                {false, NAN, Faint, Faint}};
+INSTANTIATE_TEST_SUITE_P(PieAndRing, RoundProgressDrawing, atScalesOneAndTwo(roundCases));
 
-struct BarCase {
-    float progress;
-    const char* filled; // '#' where filled at x = 6 (in the left cap), 50, 70, 114 (right cap)
-};
-
+// The progress, and '#' where filled at x = 6 (in the left cap), 50, 70, 114 (right cap).
+using BarCase = std::tuple<float, const char*>;
 class BarProgressDrawing : public testing::TestWithParam<std::tuple<BarCase, qreal>> {};
 
 TEST_P(BarProgressDrawing, FillsFromTheLeftWithRoundEnds) {
     const auto [c, scale] = GetParam();
+    const auto [progress, filled] = c;
     ZRBarProgressView view;
     view.setProgressColor(Qt::red);
-    view.setProgress(c.progress);
+    view.setProgress(progress);
     ASSERT_EQ(view.size(), QSize(120, 20));
     const QImage image = renderAt(&view, scale);
     const qreal xs[] = {6, 50, 70, 114};
     for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(inkOf(pixelAt(image, {xs[i], 10})) == Ink::Red, c.filled[i] == '#')
-            << c.progress << " at " << xs[i];
+        EXPECT_EQ(inkOf(pixelAt(image, {xs[i], 10})) == Red, filled[i] == '#')
+            << progress << " at " << xs[i];
     // The outline is drawn whatever the progress; the remaining part is clear.
-    EXPECT_EQ(inkOf(pixelAt(image, {60, 2})), Ink::White);
-    EXPECT_EQ(inkOf(pixelAt(image, {2, 2})), Ink::None);
+    EXPECT_EQ(inkOf(pixelAt(image, {60, 2})), White);
+    EXPECT_EQ(inkOf(pixelAt(image, {2, 2})), None);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Values, BarProgressDrawing,
-    testing::Combine(testing::Values(BarCase{0, "...."},
-                                     // However little, the whole left cap shows.
-                                     BarCase{0.001f, "#..."}, BarCase{0.5f, "##.."},
-                                     // At 1.0 the arccosine is no number: the cap closes.
-                                     BarCase{1, "####"},
-                                     BarCase{std::numeric_limits<float>::quiet_NaN(), "...."}),
-                     testing::Values(1.0, 2.0)));
-
-struct Host {
-    explicit Host(QSize size) { view.resize(size); }
-    ZRProgressHUD* notice(int mode) {
-        auto* hud = ZRProgressHUD::showHUDAddedTo(&view, false);
-        hud->setMode(mode);
-        return hud;
-    }
-    QWidget view;
-};
+// However little the progress, the whole left cap shows. At 1.0 the arccosine is no number: the
+// cap closes.
+const BarCase barCases[] = {
+    {0, "...."}, {0.001f, "#..."}, {0.5f, "##.."}, {1, "####"}, {NAN, "...."}};
+INSTANTIATE_TEST_SUITE_P(Values, BarProgressDrawing, atScalesOneAndTwo(barCases));
 
 // A part's frame in the notice's bounds: parts sit in the panel.
 QRectF inNotice(const QWidget* part) {
@@ -183,8 +155,7 @@ QRectF inNotice(const QWidget* part) {
 }
 
 TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACenteredPanel) {
-    Host host({320, 480});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
+    const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeSpinner);
     hud->setLabelText("Loading");
     hud->setDetailsLabelText("Please wait");
     hud->layoutSubviews();
@@ -208,8 +179,7 @@ TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACenteredPanel) {
 }
 
 TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
-    Host host({320, 240});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
+    const auto [host, hud] = notice({320, 240}, ZRProgressHUDModeTextOnly);
     hud->setLabelText(QString(300, 'W'));
     // Ten thousand characters wrap within W - 4m and keep only the whole lines that fit.
     hud->setDetailsLabelText(QString("word ").repeated(2000));
@@ -225,8 +195,7 @@ TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
 // Square grows the short side to the long one, unless the host has no room for it.
 TEST(NoticeLayout, SquareGrowsTheShortSideOnlyWhenItFits) {
     for (const auto& [size, grows] : {std::pair{QSize(320, 480), true}, {QSize(320, 120), false}}) {
-        Host host(size);
-        ZRProgressHUD* hud = host.notice(ZRProgressHUDModeTextOnly);
+        const auto [host, hud] = notice(size, ZRProgressHUDModeTextOnly);
         hud->setLabelText("A wide label");
         hud->layoutSubviews();
         const QSizeF plain = hud->panelSize();
@@ -250,8 +219,7 @@ TEST(NoticeIndicators, FollowTheModeKeepARingARingAndACustomViewAndTakeProgressO
                  {{3, 1}, "pomwick::ZRRoundProgressView", true},
                  {{1, 3, 0, 1}, "pomwick::ZRRoundProgressView", false}};
     for (const auto& [modes, indicatorClass, annular] : cases) {
-        Host host({320, 480});
-        ZRProgressHUD* hud = host.notice(ZRProgressHUDModeSpinner);
+        const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeSpinner);
         for (const int mode : modes)
             hud->setMode(mode);
         ASSERT_NE(hud->indicator(), nullptr);
@@ -259,8 +227,7 @@ TEST(NoticeIndicators, FollowTheModeKeepARingARingAndACustomViewAndTakeProgressO
         EXPECT_EQ(hud->indicator()->property("annular").toBool(), annular) << modes.size();
     }
 
-    Host host({320, 480});
-    ZRProgressHUD* hud = host.notice(ZRProgressHUDModeRoundProgress);
+    const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeRoundProgress);
     hud->setProgress(0.4f);
     EXPECT_FLOAT_EQ(hud->indicator()->property("progress").toFloat(), 0.4f);
 

@@ -3,7 +3,6 @@
 #include "Animations.h"
 #include "ZRProgressHUD.h"
 
-#include <QAbstractAnimation>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
@@ -24,9 +23,8 @@ namespace {
 // Runs a pending one-shot timer now.
 void fire(const QTimer& timer) {
     ASSERT_TRUE(timer.isActive());
-    auto& running = const_cast<QTimer&>(timer);
-    running.stop();
-    QMetaObject::invokeMethod(&running, "timeout");
+    const_cast<QTimer&>(timer).stop();
+    QMetaObject::invokeMethod(const_cast<QTimer*>(&timer), "timeout");
 }
 
 void finishAnimation(ZRProgressHUD* hud) {
@@ -78,8 +76,7 @@ TEST_F(NoticeLifecycle, GraceTimeNeverShowsAQuickTaskYetReportsItsEnd) {
     QTRY_VERIFY_WITH_TIMEOUT(!hud->taskInProgress(), 10000);
     EXPECT_EQ(listener.events, (std::vector<std::string>{"work done", "hidden"}));
     fire(hud->graceTimer());
-    EXPECT_EQ(hud->alpha(), 0);
-    EXPECT_TRUE(hud->isHidden());
+    EXPECT_EQ(std::tuple(hud->alpha(), hud->isHidden()), std::tuple(0, true));
 }
 
 TEST_F(NoticeLifecycle, MinimumShowTimeDelaysTheHideByTheRemainder) {
@@ -112,29 +109,24 @@ TEST_F(NoticeLifecycle, HidingANeverShownNoticeEndsAtOnceAndOnlyALiveDelegateHea
     EXPECT_EQ(listener.events.size(), 3u);
 }
 
-struct AnimationCase {
-    int type;
-    qreal showsFrom;
-    qreal hidesTo;
-};
-
+// The animation type, the zoom the notice shows from, the zoom it hides to.
 class NoticeAnimations : public NoticeLifecycle,
-                         public testing::WithParamInterface<AnimationCase> {};
+                         public testing::WithParamInterface<std::tuple<int, qreal, qreal>> {};
 
 TEST_P(NoticeAnimations, FadeOrZoomInAndOutStoppingJustShortOfClear) {
-    hud->setAnimationType(GetParam().type);
+    const auto [type, showsFrom, hidesTo] = GetParam();
+    hud->setAnimationType(type);
     hud->show(true);
-    EXPECT_EQ(hud->zoom(), GetParam().showsFrom);
+    EXPECT_EQ(hud->zoom(), showsFrom);
     EXPECT_EQ(hud->runningAnimation()->totalDuration(), 300);
     finishAnimation(hud);
-    EXPECT_EQ(hud->alpha(), 1);
-    EXPECT_EQ(hud->zoom(), 1);
+    EXPECT_EQ(std::tuple(hud->alpha(), hud->zoom()), std::tuple(1, 1));
 
     hud->hide(true);
     QAbstractAnimation* hiding = hud->runningAnimation();
     hiding->setCurrentTime(hiding->totalDuration() - 1);
     EXPECT_NEAR(hud->alpha(), 0.02, 0.001);
-    EXPECT_NEAR(hud->zoom(), GetParam().hidesTo, 0.001);
+    EXPECT_NEAR(hud->zoom(), hidesTo, 0.001);
     EXPECT_TRUE(listener.events.empty());
     finishAnimation(hud);
     EXPECT_EQ(hud->alpha(), 0); // done() takes it the last step
@@ -142,9 +134,9 @@ TEST_P(NoticeAnimations, FadeOrZoomInAndOutStoppingJustShortOfClear) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, NoticeAnimations,
-                         testing::Values(AnimationCase{ZRProgressHUDAnimationFade, 1, 1},
-                                         AnimationCase{ZRProgressHUDAnimationZoomDown, 1.5, 0.5},
-                                         AnimationCase{ZRProgressHUDAnimationZoomUp, 0.5, 1.5}));
+                         testing::Values(std::tuple(ZRProgressHUDAnimationFade, 1.0, 1.0),
+                                         std::tuple(ZRProgressHUDAnimationZoomDown, 1.5, 0.5),
+                                         std::tuple(ZRProgressHUDAnimationZoomUp, 0.5, 1.5)));
 
 TEST_F(NoticeLifecycle, DoneCancelsPendingDelayedHides) {
     hud->show(false);
@@ -197,8 +189,7 @@ TEST_F(NoticeLifecycle, WorkThatThrowsLeavesTheNoticeUp) {
         false, [] { throw std::runtime_error("the work failed"); }, &queue);
     queue.waitForDone();
     QCoreApplication::processEvents(); // any clean-up the failed work queued
-    EXPECT_TRUE(hud->taskInProgress());
-    EXPECT_EQ(hud->alpha(), 1);
+    EXPECT_EQ(std::tuple(hud->taskInProgress(), hud->alpha()), std::tuple(true, 1));
 }
 
 TEST_F(NoticeLifecycle, WorkAndChangesFromOtherThreadsTakeEffectOnTheMainThread) {

@@ -18,8 +18,7 @@ int main(int argc, char** argv) {
         return 2;
     const struct {
         int mode;
-        const char* label;
-        const char* details;
+        const char *label, *details;
         float progress;
         bool dim;
     } scenes[] = {
@@ -33,7 +32,7 @@ int main(int argc, char** argv) {
     };
     QWidget gallery;
     auto* grid = new QGridLayout(&gallery);
-    for (int index = 0; const auto& scene : scenes) {
+    for (const auto& scene : scenes) {
         auto* page = new QWidget;
         page->setFixedSize(250, 250);
         setBackgroundColor(page, QColor(0xef, 0xef, 0xf4));
@@ -42,8 +41,7 @@ int main(int argc, char** argv) {
             cell->setGeometry(0, 20 + row * 45, 250, 44);
             setBackgroundColor(cell, Qt::white);
         }
-        grid->addWidget(page, index / 4, index % 4);
-        ++index;
+        grid->addWidget(page, grid->count() / 4, grid->count() % 4); // four to a row
         auto* hud = ZRProgressHUD::showHUDAddedTo(page, true);
         auto* tick = new QLabel("\u2713"); // shown in the custom view mode only
         tick->setStyleSheet("color: white; font-size: 40px");

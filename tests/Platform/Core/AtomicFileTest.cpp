@@ -1,28 +1,18 @@
 #include "AtomicFile.h"
 
 #include <QTemporaryDir>
-#include <fcntl.h>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace pomwick;
 
 namespace {
 
-std::string contentOf(int fd) {
-    std::string bytes(256, '\0');
-    const ssize_t length = ::pread(fd, bytes.data(), bytes.size(), 0);
-    bytes.resize(length > 0 ? size_t(length) : 0);
-    return bytes;
-}
-
-std::string contentOf(const std::filesystem::path& path) {
-    const int fd = ::open(path.c_str(), O_RDONLY);
-    const std::string bytes = contentOf(fd);
-    ::close(fd);
-    return bytes;
+// What a stream opened at some time reads now. The stream is closed afterwards: the reader is gone.
+std::string contentOf(std::ifstream in) {
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 } // namespace
@@ -37,24 +27,23 @@ TEST(AtomicFile, TheSpareIsReusedOnlyWhileNobodyElseHasIt) {
     std::set<ino_t> inodes;
     for (const char* text : {"first, the longest", "2", "three", "4"}) {
         ASSERT_FALSE(replaceFileThroughSpare(path, text));
-        EXPECT_EQ(contentOf(path), text);
+        EXPECT_EQ(contentOf(std::ifstream(path)), text);
         struct stat status {};
         ::stat(path.c_str(), &status);
         inodes.insert(status.st_ino);
     }
     EXPECT_EQ(inodes.size(), 2u);
 
-    const int reader = ::open(path.c_str(), O_RDONLY);
+    std::ifstream reader(path);
     for (const char* text : {"five", "six"})
         ASSERT_FALSE(replaceFileThroughSpare(path, text));
-    EXPECT_EQ(contentOf(reader), "4");
-    ::close(reader);
+    EXPECT_EQ(contentOf(std::move(reader)), "4");
     const std::filesystem::path linked = folder.filePath("linked").toStdString();
     std::filesystem::create_hard_link(path, linked);
     for (const char* text : {"seven", "eight"})
         ASSERT_FALSE(replaceFileThroughSpare(path, text));
-    EXPECT_EQ(contentOf(linked), "six");
-    EXPECT_EQ(contentOf(path), "eight");
+    EXPECT_EQ(contentOf(std::ifstream(linked)), "six");
+    EXPECT_EQ(contentOf(std::ifstream(path)), "eight");
 
     const std::filesystem::path outside = folder.filePath("outside").toStdString();
     for (const bool fifo : {true, false}) {
@@ -64,7 +53,7 @@ TEST(AtomicFile, TheSpareIsReusedOnlyWhileNobodyElseHasIt) {
         else
             std::filesystem::create_symlink(outside, spare);
         ASSERT_FALSE(replaceFileThroughSpare(path, fifo ? "nine" : "ten"));
-        EXPECT_EQ(contentOf(path), fifo ? "nine" : "ten");
+        EXPECT_EQ(contentOf(std::ifstream(path)), fifo ? "nine" : "ten");
     }
     EXPECT_FALSE(std::filesystem::exists(outside));
 }

@@ -3,7 +3,6 @@
 #include <clocale>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 
 using namespace pomwick;
 
@@ -13,19 +12,17 @@ TEST(TextScanning, BoolsReadTheFirstCharacterNumbersTheLeadingDecimalSaturatedTi
     for (const char* no : {"", "0", "FALSE", "no", "abc", "  ", "-", "000", "0.9", " x1", "\n"})
         EXPECT_FALSE(boolValue(no)) << no;
 
-    EXPECT_EQ(intValue("12.7"), 12);
-    EXPECT_EQ(intValue("  -42px"), -42);
-    EXPECT_EQ(intValue("+7"), 7);
-    EXPECT_EQ(intValue("abc"), 0);
-    EXPECT_EQ(intValue("99999999999999999999"), std::numeric_limits<int32_t>::max());
-    EXPECT_EQ(intValue("-99999999999999999999"), std::numeric_limits<int32_t>::min());
+    for (const auto& [text, value] :
+         {std::pair{"12.7", 12}, {"  -42px", -42}, {"+7", 7}, {"abc", 0}})
+        EXPECT_EQ(intValue(text), value) << text;
+    EXPECT_EQ(intValue("99999999999999999999"), INT32_MAX);
+    EXPECT_EQ(intValue("-99999999999999999999"), INT32_MIN);
 
     // Floats take the leading decimal number only: not the words and hexadecimal that a C
     // library's scanner would take.
-    EXPECT_FLOAT_EQ(floatValue("  1.2abc"), 1.2f);
-    EXPECT_FLOAT_EQ(floatValue(".5"), 0.5f);
-    EXPECT_FLOAT_EQ(floatValue("-3e2"), -300.0f);
-    EXPECT_FLOAT_EQ(floatValue("2e"), 2.0f);
+    for (const auto& [text, value] :
+         {std::pair{"  1.2abc", 1.2f}, {".5", 0.5f}, {"-3e2", -300.0f}, {"2e", 2.0f}})
+        EXPECT_FLOAT_EQ(floatValue(text), value) << text;
     for (const char* notDecimal : {"nan", "inf", "0x10"})
         EXPECT_EQ(floatValue(notDecimal), 0.0f) << notDecimal;
     // Too small for a double reads zero, however it is written.

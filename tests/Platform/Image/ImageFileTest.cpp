@@ -32,13 +32,11 @@ TEST(ImageFile, ValidFilesLoadAtScaleOneAndUnusableOnesGiveANullImage) {
 
     std::ifstream in(path, std::ios::binary);
     const std::string validBytes{std::istreambuf_iterator<char>(in), {}};
-    const std::pair<const char*, std::string> files[] = {
-        {"truncated", validBytes.substr(0, validBytes.size() / 2)},
-        {"not a PNG", "GIF89a but not really an image at all"},
-    };
-    for (const auto& [what, bytes] : files) {
+    // Truncated, and not a PNG at all.
+    for (const std::string& bytes : {validBytes.substr(0, validBytes.size() / 2),
+                                     std::string("GIF89a but not really an image at all")}) {
         std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-        EXPECT_TRUE(imageWithContentsOfFile(path).isNull()) << what;
+        EXPECT_TRUE(imageWithContentsOfFile(path).isNull()) << bytes.size() << " bytes";
     }
     // Whole and valid, but wider than any image the product draws: never decoded.
     ASSERT_TRUE(writePngAtomically(image.scaled(4097, 1), path));

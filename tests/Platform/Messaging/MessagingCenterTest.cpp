@@ -15,40 +15,31 @@ namespace {
 
 // Messages come from independent D-Bus clients in other processes, so that ordering and one-way
 // delivery are what the bus does, not QtDBus's same-process shortcut.
-class MessagingCenterTest : public testing::Test {
-protected:
-    static void SetUpTestSuite() {
-        test::PrivateSessionBus::address();
-        ASSERT_TRUE(
-            MessagingCenter::centerNamed(CenterName::preferences).runServerOnCurrentThread());
-    }
+MessagingCenter& screen() {
+    return MessagingCenter::centerNamed(CenterName::preferences);
+}
 
-    static MessagingCenter& screen() {
-        return MessagingCenter::centerNamed(CenterName::preferences);
-    }
-
-    // Calls a method of the screen's center (a member of its interface, or a full name) and
-    // returns what the client printed. Keeps this process's event loop running meanwhile: when
-    // the client awaits the reply, this process gives it.
-    static QString send(const QString& method, const QStringList& arguments = {},
-                        bool awaitReply = false) {
-        QProcess client;
-        client.setProcessChannelMode(QProcess::MergedChannels);
-        client.start(
-            "dbus-send",
-            QStringList{"--session", awaitReply ? "--print-reply" : "--type=method_call",
-                        "--dest=" + CenterName::preferences, "/com/velquor/pomwickpreferences",
-                        method.contains('.') ? method
-                                             : "com.velquor.pomwickpreferences." + method} +
-                arguments);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return client.state() == QProcess::NotRunning; }, 15000));
-        return QString::fromUtf8(client.readAll());
-    }
-};
+// Calls a method of the screen's center (a member of its interface, or a full name) and returns
+// what the client printed. Keeps this process's event loop running meanwhile: when the client
+// awaits the reply, this process gives it.
+QString send(const QString& method, const QStringList& arguments = {}, bool awaitReply = false) {
+    QProcess client;
+    client.setProcessChannelMode(QProcess::MergedChannels);
+    client.start(
+        "dbus-send",
+        QStringList{"--session", awaitReply ? "--print-reply" : "--type=method_call",
+                    "--dest=" + CenterName::preferences, "/com/velquor/pomwickpreferences",
+                    method.contains('.') ? method : "com.velquor.pomwickpreferences." + method} +
+            arguments);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.state() == QProcess::NotRunning; }, 15000));
+    return QString::fromUtf8(client.readAll());
+}
 
 } // namespace
 
-TEST_F(MessagingCenterTest, DeliversToTheLatestLiveTargetInOrderAnswersAndRefusesArguments) {
+TEST(MessagingCenterTest, DeliversToTheLatestLiveTargetInOrderAnswersAndRefusesArguments) {
+    test::PrivateSessionBus::address();
+    ASSERT_TRUE(screen().runServerOnCurrentThread());
     QStringList received;
     bool onMainThread = false;
     auto doomed = std::make_unique<QObject>();
@@ -61,12 +52,11 @@ TEST_F(MessagingCenterTest, DeliversToTheLatestLiveTargetInOrderAnswersAndRefuse
     QObject target;
     screen().registerForMessageName(MessageName::reloadData, &target,
                                     [&](const QString&) { received << "replaced"; });
-    for (const QString& name : {MessageName::badgeSavedToTmp, MessageName::reloadData}) {
+    for (const QString& name : {MessageName::badgeSavedToTmp, MessageName::reloadData})
         screen().registerForMessageName(name, &target, [&](const QString& message) {
             received << message;
             onMainThread = QThread::currentThread() == QCoreApplication::instance()->thread();
         });
-    }
     // Separate senders are separate connections, with no order between them: one at a time.
     send("reloadData");
     ASSERT_TRUE(QTest::qWaitFor([&] { return received.size() == 1; }, 5000));

@@ -19,25 +19,19 @@ ProgramRun run(const QString& program, const QStringList& arguments) {
     return pomwick::test::runProgram(program, arguments, environment);
 }
 
-struct Program {
-    QString name;
-    QString path;
-    QStringList command; // what follows the options for the program to do anything
-};
-
-const Program programs[] = {
-    {"pomwick-settings", HOST, {}},
-    {"pomwick-renderer", RENDERER, {}},
-    {"pomwick-defaults", DEFAULTS_TOOL, {"read"}},
-};
-
 } // namespace
 
 TEST(CommandLine, EveryProgramReportsTheSameMistakesInTheSameWords) {
     pomwick::test::TemporaryDeviceRoot root;
     const QString file = QString::fromStdString((root.path() / "a-file").string());
     root.writeFile("/a-file", "not a folder");
-    for (const Program& program : programs) {
+    const struct {
+        QString name, path;
+        QStringList command; // what follows the options for the program to do anything
+    } programs[] = {{"pomwick-settings", HOST, {}},
+                    {"pomwick-renderer", RENDERER, {}},
+                    {"pomwick-defaults", DEFAULTS_TOOL, {"read"}}};
+    for (const auto& program : programs) {
         SCOPED_TRACE(program.name.toStdString());
         const QString seeHelp = QString(" (see '%1 --help')\n").arg(program.name);
         const struct {
@@ -63,7 +57,7 @@ TEST(CommandLine, EveryProgramReportsTheSameMistakesInTheSameWords) {
         EXPECT_EQ(help.status, 0);
         for (const char* option : {"--root <folder>", "--help", "--version", "$POMWICK_ROOT"})
             EXPECT_NE(help.out.find(option), std::string::npos) << option;
-        const ProgramRun version = run(program.path, {"--version"});
-        EXPECT_EQ(version.out, program.name.toStdString() + " " POMWICK_VERSION "\n");
+        EXPECT_EQ(run(program.path, {"--version"}).out,
+                  program.name.toStdString() + " " POMWICK_VERSION "\n");
     }
 }

@@ -16,19 +16,23 @@ using namespace pomwick;
 
 namespace {
 
+// Two buttons, one over the other.
+std::pair<QPushButton*, QPushButton*> twoButtons(QWidget* widget) {
+    auto* layout = new QVBoxLayout(widget);
+    const std::pair buttons(new QPushButton("first"), new QPushButton("second"));
+    layout->addWidget(buttons.first);
+    layout->addWidget(buttons.second);
+    return buttons;
+}
+
 // A page with two buttons that logs what it is told; the first takes the keyboard when pushed.
 class ButtonsController : public ViewController {
 public:
     ButtonsController(QString title, QStringList& log) : log_(log) { setTitle(title); }
-    QPushButton* first = nullptr;
-    QPushButton* second = nullptr;
+    QPushButton *first = nullptr, *second = nullptr;
     void viewDidLoad() override {
         log_ << title() + " load";
-        auto* layout = new QVBoxLayout(view());
-        first = new QPushButton("first");
-        second = new QPushButton("second");
-        layout->addWidget(first);
-        layout->addWidget(second);
+        std::tie(first, second) = twoButtons(view());
     }
     void viewWillAppear(bool) override { log_ << title() + " willAppear"; }
     void viewDidAppear(bool) override { log_ << title() + " didAppear"; }
@@ -52,6 +56,11 @@ protected:
         return page;
     }
     QWidget* focus() const { return navigation.focusWidget(); }
+    // The page on top once the key was pressed on the widget.
+    ViewController* topAfter(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(widget, key, modifiers);
+        return navigation.topViewController();
+    }
     QStringList log;
     ButtonsController* root;
     NavigationController navigation;
@@ -69,8 +78,7 @@ QImage drawn(QWidget& widget, qreal scale) {
 } // namespace
 
 TEST_F(Stack, TellsPagesTheyAppearAndDisappearInOrderUnderAHairlineAndACentredTitle) {
-    ButtonsController* page = push(true);
-    EXPECT_EQ(page->view()->size(), QSize(375, 667 - NavigationController::barHeight));
+    EXPECT_EQ(push(true)->view()->size(), QSize(375, 667 - NavigationController::barHeight));
     navigation.popViewControllerAnimated(true);
     EXPECT_EQ(navigation.topViewController(), root);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -104,21 +112,16 @@ TEST_F(Stack, EscapeAndAltLeftGoBackWithTheFocusOnTheControlThatPushed) {
     root->second->setFocus(Qt::TabFocusReason);
     ButtonsController* page = push();
     EXPECT_EQ(focus(), page->first) << "the keyboard goes on in the new page";
-    QTest::keyClick(page->first, Qt::Key_Escape);
-    EXPECT_EQ(navigation.topViewController(), root);
+    EXPECT_EQ(topAfter(page->first, Qt::Key_Escape), root);
     EXPECT_EQ(focus(), root->second);
 
     page = push();
     auto* field = new TextField(page->view());
-    QTest::keyClick(field, Qt::Key_Escape);
-    EXPECT_EQ(navigation.topViewController(), page) << "Escape belongs to the text field";
-    QTest::keyClick(page->second, Qt::Key_Backspace);
-    EXPECT_EQ(navigation.topViewController(), page) << "Backspace belongs to text";
-    QTest::keyClick(page->second, Qt::Key_Left, Qt::AltModifier);
-    EXPECT_EQ(navigation.topViewController(), root);
+    EXPECT_EQ(topAfter(field, Qt::Key_Escape), page) << "Escape belongs to the text field";
+    EXPECT_EQ(topAfter(page->second, Qt::Key_Backspace), page) << "Backspace belongs to text";
+    EXPECT_EQ(topAfter(page->second, Qt::Key_Left, Qt::AltModifier), root);
     EXPECT_EQ(focus(), root->second);
-    QTest::keyClick(root->second, Qt::Key_Escape);
-    EXPECT_EQ(navigation.topViewController(), root) << "the root has nothing to go back to";
+    EXPECT_EQ(topAfter(root->second, Qt::Key_Escape), root) << "the root has nothing to go back to";
 }
 
 TEST_F(Stack, APageLeftWithTheFocusOfAClickLeavesItOffTheBackButton) {
@@ -154,11 +157,7 @@ TEST_F(Stack, NeitherPageTakesInputWhileTheySlideNorTheRestOfTheDoubleClick) {
 
 TEST_F(Stack, ASheetKeepsTabInsideAndThePageOutOfReachThenGivesTheFocusBack) {
     auto* sheet = new QWidget(root->view());
-    auto* layout = new QVBoxLayout(sheet);
-    auto* one = new QPushButton("one");
-    auto* two = new QPushButton("two");
-    layout->addWidget(one);
-    layout->addWidget(two);
+    const auto [one, two] = twoButtons(sheet);
     sheet->show();
     new ModalScope(sheet);
     one->setFocus(Qt::TabFocusReason);

@@ -33,73 +33,64 @@ public:
     std::vector<std::pair<int, int>> picks;
 };
 
-struct ShownPicker {
-    ShownPicker() {
-        picker.setDataSource(&numbers);
-        picker.resize(320, 216);
-        picker.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&picker));
-        QApplication::processEvents();
-    }
-    bool waitForPicks(size_t count) {
-        return QTest::qWaitFor([&] { return numbers.picks.size() >= count; }) &&
-               numbers.picks.size() == count;
-    }
-    Numbers numbers;
-    PickerView picker;
-};
-
 TEST(PickerView, MakesOnlyTheRowsItShowsAndTellsOncePerRestOfKeysOrTheMouseWheel) {
     // Presses while the wheel still turns add up to one rest: it needs its real turning time.
     Animations::ScaleOverride realLengths(1);
-    ShownPicker shown;
-    EXPECT_GT(shown.numbers.made.size(), 3u);
-    EXPECT_LT(shown.numbers.made.size(), 20u) << "a 216-point wheel shows about seven rows";
-    shown.picker.selectRow(500, 0, false);
-    shown.picker.grab();
-    EXPECT_TRUE(shown.numbers.made.contains({0, 503}));
-    EXPECT_FALSE(shown.numbers.made.contains({0, 300}));
-    EXPECT_EQ(shown.picker.selectedRowInComponent(0), 500);
+    Numbers numbers;
+    PickerView picker;
+    picker.setDataSource(&numbers);
+    picker.resize(320, 216);
+    picker.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&picker));
+    QApplication::processEvents();
+    // Waits for the picks told to reach the count, and checks that they stop there.
+    const auto waitForPicks = [&](size_t count) {
+        return QTest::qWaitFor([&] { return numbers.picks.size() >= count; }) &&
+               numbers.picks.size() == count;
+    };
+    EXPECT_GT(numbers.made.size(), 3u);
+    EXPECT_LT(numbers.made.size(), 20u) << "a 216-point wheel shows about seven rows";
+    picker.selectRow(500, 0, false);
+    picker.grab();
+    EXPECT_TRUE(numbers.made.contains({0, 503}));
+    EXPECT_FALSE(numbers.made.contains({0, 300}));
+    EXPECT_EQ(picker.selectedRowInComponent(0), 500);
 
     // Reloads keep the selection inside the rows.
-    shown.picker.selectRow(2, 1, false);
-    shown.numbers.rows[1] = 1;
-    shown.picker.reloadComponent(1);
-    EXPECT_EQ(shown.picker.selectedRowInComponent(1), 0);
-    EXPECT_TRUE(shown.numbers.picks.empty()) << "selecting from code tells nobody";
+    picker.selectRow(2, 1, false);
+    numbers.rows[1] = 1;
+    picker.reloadComponent(1);
+    EXPECT_EQ(picker.selectedRowInComponent(1), 0);
+    EXPECT_TRUE(numbers.picks.empty()) << "selecting from code tells nobody";
 
-    shown.picker.selectRow(0, 0, false);
-    PickerWheel* wheel = shown.picker.wheel(0);
+    picker.selectRow(0, 0, false);
+    PickerWheel* wheel = picker.wheel(0);
     wheel->setFocus();
     QTest::keyClick(wheel, Qt::Key_Down);
     QTest::keyClick(wheel, Qt::Key_Down);
-    ASSERT_TRUE(shown.waitForPicks(1)) << "two quick presses end in one rest";
-    EXPECT_EQ(shown.numbers.picks.back(), std::pair(0, 2));
+    ASSERT_TRUE(waitForPicks(1)) << "two quick presses end in one rest";
+    EXPECT_EQ(numbers.picks.back(), std::pair(0, 2));
 
-    struct Move {
-        Qt::Key key;
-        int row;
-    };
-    for (const Move& m : {Move{Qt::Key_PageDown, 8}, Move{Qt::Key_Up, 7}, Move{Qt::Key_End, 999},
-                          Move{Qt::Key_Home, 0}}) {
-        const size_t before = shown.numbers.picks.size();
-        QTest::keyClick(wheel, m.key);
-        ASSERT_TRUE(shown.waitForPicks(before + 1));
-        EXPECT_EQ(shown.picker.selectedRowInComponent(0), m.row);
+    for (const auto& [key, row] :
+         {std::pair{Qt::Key_PageDown, 8}, {Qt::Key_Up, 7}, {Qt::Key_End, 999}, {Qt::Key_Home, 0}}) {
+        const size_t before = numbers.picks.size();
+        QTest::keyClick(wheel, key);
+        ASSERT_TRUE(waitForPicks(before + 1));
+        EXPECT_EQ(picker.selectedRowInComponent(0), row);
     }
 
     QWheelEvent turn(QPointF(10, 10), wheel->mapToGlobal(QPointF(10, 10)), {}, {0, -360},
                      Qt::NoButton, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(wheel->viewport(), &turn);
-    ASSERT_TRUE(shown.waitForPicks(6));
-    EXPECT_EQ(shown.numbers.picks.back(), std::pair(0, 3));
+    ASSERT_TRUE(waitForPicks(6));
+    EXPECT_EQ(numbers.picks.back(), std::pair(0, 3));
 
     QTest::mouseClick(wheel->viewport(), Qt::LeftButton, {}, QPoint(20, 108 + 2 * 30));
-    ASSERT_TRUE(shown.waitForPicks(7)) << "a tapped row turns to the middle";
-    EXPECT_EQ(shown.numbers.picks.back(), std::pair(0, 5));
+    ASSERT_TRUE(waitForPicks(7)) << "a tapped row turns to the middle";
+    EXPECT_EQ(numbers.picks.back(), std::pair(0, 5));
 
     QTest::keyClick(wheel, Qt::Key_Tab);
-    EXPECT_TRUE(shown.picker.wheel(1)->hasFocus());
+    EXPECT_TRUE(picker.wheel(1)->hasFocus());
 }
 
 } // namespace

@@ -31,11 +31,9 @@ public:
         return section == 0 ? "First" : QString();
     }
     TableViewCell* cellForRowAtIndexPath(TableView* table, IndexPath path) override {
-        auto* cell =
-            new TableViewCell(QString("Cell%1").arg(path.row), QSizeF(table->rowWidth(), 44));
+        auto* cell = new TableViewCell(QString("Cell%1").arg(path.row), {table->rowWidth(), 44});
         cell->textLabel()->setText(QString("%1.%2").arg(path.section).arg(path.row));
-        if (path.row == 1)
-            cell->setUserInteractionEnabled(false);
+        cell->setUserInteractionEnabled(path.row != 1);
         if (path.section == 2 && path.row == 2) {
             cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
             (new QPushButton("Control", cell))->setFocusPolicy(Qt::TabFocus);
@@ -55,9 +53,7 @@ protected:
         table.show();
     }
     // The old rows go once the event loop runs, never under a signal that is still running.
-    void TearDown() override {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    ~Table() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     CountingSource source;
     TableView table;

@@ -9,19 +9,14 @@ using namespace pomwick;
 
 namespace {
 
-struct Edit {
-    QString before;
-    TextRange range;
-    QString replacement;
-    friend bool operator==(const Edit&, const Edit&) = default;
-};
+// An edit asked for: the text before it, the range it replaces and what replaces it.
+using Edit = std::tuple<QString, TextRange, QString>;
 
 class RecordingDelegate : public TextFieldDelegate {
 public:
     std::vector<Edit> edits;
     bool allow = true;
-    int returns = 0;
-    int begins = 0;
+    int returns = 0, begins = 0;
 
     void textFieldDidBeginEditing(TextField*) override { ++begins; }
     bool shouldChangeCharactersInRange(TextField* field, TextRange range,
@@ -35,24 +30,18 @@ public:
     }
 };
 
-// A field and another focusable widget in a shown window; the field has the focus.
-class TextFieldTest : public testing::Test {
-protected:
-    void SetUp() override {
-        field->setDelegate(&delegate);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        field->setFocus();
-    }
-    RecordingDelegate delegate;
-    QWidget window;
-    TextField* field = new TextField(&window);
-    QLineEdit* other = new QLineEdit(&window);
-};
-
 } // namespace
 
-TEST_F(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUntilTheFocusLeaves) {
+TEST(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUntilTheFocusLeaves) {
+    // A field and another focusable widget in a shown window; the field has the focus.
+    RecordingDelegate delegate;
+    QWidget window;
+    auto* field = new TextField(&window);
+    auto* other = new QLineEdit(&window);
+    field->setDelegate(&delegate);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    field->setFocus();
     field->setText("Hello");
 
     field->setCursorPosition(5);
@@ -81,10 +70,9 @@ TEST_F(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUnti
     // No length limit: a line edit's default would cut the text at 32,767 characters. A text
     // that long shows only its start, and an edit there keeps the rest.
     delegate.allow = true;
-    const QString longText(40000, 'x');
     field->setText("");
-    field->insert(longText);
-    EXPECT_EQ(field->acceptedText(), longText);
+    field->insert(QString(40000, 'x'));
+    EXPECT_EQ(field->acceptedText(), QString(40000, 'x'));
     const QString marks = "a" + QString(100000, QChar(0x0301));
     field->setText(marks);
     EXPECT_EQ(field->text(), marks.left(field->text().size()));
@@ -95,12 +83,11 @@ TEST_F(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUnti
     EXPECT_EQ(field->text(), TextField::displayedPart("b" + marks));
 
     // Another window in front and back again, or a menu, is no new beginning.
-    for (Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
-        QFocusEvent out(QEvent::FocusOut, reason);
-        QApplication::sendEvent(field, &out);
-        QFocusEvent in(QEvent::FocusIn, reason);
-        QApplication::sendEvent(field, &in);
-    }
+    for (const Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason})
+        for (const QEvent::Type type : {QEvent::FocusOut, QEvent::FocusIn}) {
+            QFocusEvent event(type, reason);
+            QApplication::sendEvent(field, &event);
+        }
     EXPECT_EQ(delegate.begins, 1);
     other->setFocus();
     field->setFocus();
