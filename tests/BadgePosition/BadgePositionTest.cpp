@@ -10,6 +10,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
+#include <tuple>
 
 using namespace pomwick;
 
@@ -67,9 +68,9 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
     setPreferencesObjectKey("0.5,-0.25", "BADGE_LOCATION");
     open();
     EXPECT_EQ(editor->title(), "Set Position");
-    EXPECT_EQ(frame(editor->innerView()), QRectF(69, 149, 181.5, 181.5));
-    EXPECT_EQ(frame(editor->iconImageView()), QRectF(60, 60, 60, 60));
-    EXPECT_EQ(badge(), QRectF(90, 45, 30, 24));
+    EXPECT_EQ(
+        std::tuple(frame(editor->innerView()), frame(editor->iconImageView()), badge()),
+        std::tuple(QRectF(69, 149, 181.5, 181.5), QRectF(60, 60, 60, 60), QRectF(90, 45, 30, 24)));
     EXPECT_FALSE(editor->iconImageView()->pixmap().isNull());
     const QRectF hint = frame(editor->infoTextView());
     EXPECT_EQ(hint, QRectF(-1, 32, 322, hint.height()));
@@ -78,9 +79,9 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
     // A landscape window: the square is centered again, the hint still at a tenth of the width.
     setFrame(editor->view(), QRectF(0, 0, 480, 320));
     editor->didRotateFromInterfaceOrientation(1);
-    EXPECT_EQ(frame(editor->innerView()).topLeft(), QPointF(149, 69));
-    EXPECT_EQ(frame(editor->infoTextView()).top(), 48);
-    EXPECT_EQ(badge(), QRectF(90, 45, 30, 24));
+    EXPECT_EQ(std::tuple(frame(editor->innerView()).topLeft(), frame(editor->infoTextView()).top(),
+                         badge()),
+              std::tuple(QPointF(149, 69), 48, QRectF(90, 45, 30, 24)));
 }
 
 TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItNeverOutOfTheSquareAndItsPlaceIsRestored) {
@@ -96,8 +97,8 @@ TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItNeverOutOfTheSquareAndItsPlace
     EXPECT_EQ(badge(), QRectF(0, 56, 30, 24));
     // Left of and below the icon's corner: a negative and a positive fraction of the icon.
     drag({{10, 66}, {20, 75}, {25, 80}});
-    EXPECT_EQ(badge(), QRectF(15, 70, 30, 24));
-    EXPECT_EQ(storedLocation(), "-0.750000,0.166667");
+    EXPECT_EQ(std::tuple(badge(), storedLocation()),
+              std::tuple(QRectF(15, 70, 30, 24), "-0.750000,0.166667"));
 
     // Six decimals stored give back the place the badge was left at.
     const QRect placed = editor->badgeImageView()->geometry();
@@ -135,9 +136,8 @@ TEST_F(BadgePosition, TheBadgeWearsARingOnlyForTheKeyboardAndArrowKeysNudgeItOne
         QTest::keyPress(page, key);
     EXPECT_EQ(storedLocation(), "(none)");
     QTest::keyRelease(page, Qt::Key_Up);
-    EXPECT_EQ(badge(), QRectF(58, 59, 30, 24));
-    EXPECT_EQ(storedLocation(), "-0.033333,-0.016667");
-    EXPECT_EQ(page->focusPolicy(), Qt::StrongFocus);
+    EXPECT_EQ(std::tuple(badge(), storedLocation(), page->focusPolicy()),
+              std::tuple(QRectF(58, 59, 30, 24), "-0.033333,-0.016667", Qt::StrongFocus));
 }
 
 TEST_F(BadgePosition, NoIconSizeGivesAnEmptyEditorThatKeepsTheStoredPlace) {
