@@ -16,6 +16,7 @@
 #include <QTest>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <tuple>
 
 using namespace pomwick;
 using pomwick::test::RendererProcess;
@@ -129,11 +130,8 @@ TEST_F(ScreenSide, AFloodOfRequestsIsCoalescedAndTheLastRenderIsTheLastSettings)
     setPreferencesObjectKey("1.500000", SettingsKey::badgeBorderWidth);
     requestAndAwaitAnswer();
     // Let every queued request be answered, then the file shows the last settings.
-    int settled = -1;
-    while (settled != answers) {
+    for (int settled = -1; settled != answers; QTest::qWait(300))
         settled = answers;
-        QTest::qWait(300);
-    }
     EXPECT_LT(answers, 10001) << "bursts are coalesced";
     const QImage background = imageWithContentsOfFile(tmpFile(PreviewFile::badgeBackground));
     EXPECT_EQ(background.size(), loadBundleImage(PreviewFile::stockBadge).size() * 1.5);
@@ -149,8 +147,8 @@ TEST_F(ScreenSide, AFloodOfRequestsIsCoalescedAndTheLastRenderIsTheLastSettings)
     EXPECT_EQ(second.process().exitCode(), 1);
     renderer.process().terminate();
     ASSERT_TRUE(renderer.process().waitForFinished(5000));
-    EXPECT_EQ(renderer.process().exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(renderer.process().exitCode(), 0);
+    EXPECT_EQ(std::tuple(renderer.process().exitStatus(), renderer.process().exitCode()),
+              std::tuple(QProcess::NormalExit, 0));
     EXPECT_TRUE(QTest::qWaitFor(
         [] { return !MessagingCenter::centerNamed(CenterName::renderer).doesServerExist(); },
         5000));
