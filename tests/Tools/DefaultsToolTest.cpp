@@ -20,6 +20,11 @@ protected:
     ProgramRun defaults(const QStringList& arguments) const {
         return test::runProgram(DEFAULTS_TOOL, QStringList{"--root", dir} + arguments);
     }
+    // Runs each command line in turn; every one must succeed.
+    void succeed(std::initializer_list<QStringList> commandLines) const {
+        for (const QStringList& arguments : commandLines)
+            ASSERT_EQ(defaults(arguments).status, 0) << arguments.join(' ').toStdString();
+    }
     static bool settingsFileExists() { return fs::exists(hostPath(DevicePath::preferencesFile)); }
 
     test::TemporaryDeviceRoot root;
@@ -52,13 +57,12 @@ TEST_F(DefaultsTool, ReadListsTheElevenDefaultsInOrderAndShowsControlCharactersE
 }
 
 TEST_F(DefaultsTool, WritesReachTheGettersDeleteAndResetUndoThemAndAStyleComesBackWhole) {
-    ASSERT_EQ(defaults({"write", "ENABLED", "No"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", " @@ x "}).status, 0);
+    succeed({{"write", "ENABLED", "No"}, {"write", "BADGE_TEXT_FIELD_TEXT", " @@ x "}});
     // The edges of each range, and a negative value that is no option.
-    ASSERT_EQ(defaults({"write", "BADGE_ALPHA", "0"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_BORDER_WIDTH", "2"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "-1,2"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_FONT_COLOR", "1,0,0.5,1"}).status, 0);
+    succeed({{"write", "BADGE_ALPHA", "0"},
+             {"write", "BADGE_BORDER_WIDTH", "2"},
+             {"write", "BADGE_LOCATION", "-1,2"},
+             {"write", "BADGE_FONT_COLOR", "1,0,0.5,1"}});
     EXPECT_EQ(std::tuple(getEnabled(), getBadgeTextFieldText(), getBadgeAlpha(), getBadgeLocation(),
                          getBadgeBorderWidth(), getBadgeFontColor()),
               std::tuple(false, " @@ x ", 0.0f, BadgeLocation{-1, 2}, 2.0f, Color{1, 0, 0.5f, 1}));
@@ -73,14 +77,13 @@ TEST_F(DefaultsTool, WritesReachTheGettersDeleteAndResetUndoThemAndAStyleComesBa
     EXPECT_EQ(defaults({"reset"}).status, 0);
 
     // An exported style comes back whole, and a bad one is refused whole.
-    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", "Hi\t@"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_ALPHA", "0.25"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "-0.5,1.5"}).status, 0);
     const QString style = dir + "/style.plist", again = dir + "/again.plist";
-    ASSERT_EQ(defaults({"export", style}).status, 0);
+    succeed({{"write", "BADGE_TEXT_FIELD_TEXT", "Hi\t@"},
+             {"write", "BADGE_ALPHA", "0.25"},
+             {"write", "BADGE_LOCATION", "-0.5,1.5"},
+             {"export", style}});
     const std::string before = defaults({"read"}).out;
-    ASSERT_EQ(defaults({"reset"}).status, 0);
-    ASSERT_EQ(defaults({"import", style}).status, 0);
+    succeed({{"reset"}, {"import", style}});
     EXPECT_EQ(defaults({"read"}).out, before);
     ASSERT_EQ(defaults({"export", again}).status, 0);
     EXPECT_EQ(root.readFile("/style.plist"), root.readFile("/again.plist"));
