@@ -43,9 +43,8 @@ protected:
         const auto onPage = [&](QPointF p) {
             return editor->innerView()->mapTo(page, p.toPoint());
         };
-        auto point = points.begin();
-        QTest::mousePress(page, Qt::LeftButton, {}, onPage(*point));
-        for (++point; point != points.end(); ++point)
+        QTest::mousePress(page, Qt::LeftButton, {}, onPage(*points.begin()));
+        for (auto point = points.begin() + 1; point != points.end(); ++point)
             QTest::mouseMove(page, onPage(*point));
         QTest::mouseRelease(page, Qt::LeftButton, {}, onPage(*(points.end() - 1)));
     }
@@ -86,9 +85,10 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
 
 TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItNeverOutOfTheSquareAndItsPlaceIsRestored) {
     open();
+    // A touch beside the badge moves nothing, but the place is still stored.
     drag({{150, 150}, {140, 140}});
-    EXPECT_EQ(badge(), QRectF(60, 60, 30, 24)) << "a touch beside the badge";
-    EXPECT_EQ(storedLocation(), "0.000000,0.000000") << "but the place is still stored";
+    EXPECT_EQ(std::tuple(badge(), storedLocation()),
+              std::tuple(QRectF(60, 60, 30, 24), "0.000000,0.000000"));
     // 100 points to the right would carry the badge's right edge past 180: no move at all.
     drag({{70, 70}, {170, 70}, {160, 70}, {150, 80}});
     EXPECT_EQ(badge(), QRectF(40, 70, 30, 24));

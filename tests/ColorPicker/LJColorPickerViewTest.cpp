@@ -50,11 +50,9 @@ TEST(LJColorPickerView, ClampsWhatItIsGivenSizesSwatchesWithWholeGapsAndScrollsB
     EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2));
 
     // Swatch sides: the gap total is cut to whole points before it is subtracted from the width.
+    using Swatch = std::tuple<int, int, double, qreal>;
     for (const auto& [width, perRow, padding, side] :
-         {std::tuple<int, int, double, qreal>{300, 3, 0.4, 100},
-          {300, 3, 0.5, 99},
-          {321, 1, 2.0, 321},
-          {5, 4, 10.0, 0}}) {
+         {Swatch{300, 3, 0.4, 100}, {300, 3, 0.5, 99}, {321, 1, 2.0, 321}, {5, 4, 10.0, 0}}) {
         Picker picker(9, width);
         picker.view.setColorsPerRow(perRow);
         picker.view.setColorCellPadding(padding);

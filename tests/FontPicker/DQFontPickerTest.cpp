@@ -93,11 +93,9 @@ TEST(DQFontPicker, SizeListFollowsItsBoundsNeverRunsAwayAndLookupsPreferTheEarli
 
     // Lookups prefer the exact size, then the earlier of two equally near.
     DQFontPicker picker;
+    using Lookup = std::tuple<double, qsizetype, qsizetype>;
     for (const auto& [size, exact, nearest] :
-         {std::tuple<double, qsizetype, qsizetype>{13, notFound, 2},
-          {14, 3, 3},
-          {100, notFound, 8},
-          {nan, notFound, notFound}}) {
+         {Lookup{13, notFound, 2}, {14, 3, 3}, {100, notFound, 8}, {nan, notFound, notFound}}) {
         EXPECT_EQ(picker.indexForFontSize(size), exact) << size;
         EXPECT_EQ(picker.indexForNearestFontSize(size), nearest) << size;
     }
@@ -113,10 +111,9 @@ TEST(DQFontPicker, FontListSortsEveryFaceWithTheCurrentNameInFront) {
               (QStringList{"alpha", "b-Regular", "Beta", "Écran-Bold", "Missing", "Zeta"}));
     EXPECT_EQ(picker->selectedFontName(), "Missing");
 
-    for (const auto& [name, index] : {std::pair<QString, qsizetype>{"Beta", 2},
-                                      {".Beta", 2},
-                                      {"..Zeta", 5},
-                                      {"beta", notFound}})
+    using Lookup = std::pair<QString, qsizetype>;
+    for (const auto& [name, index] :
+         {Lookup{"Beta", 2}, {".Beta", 2}, {"..Zeta", 5}, {"beta", notFound}})
         EXPECT_EQ(picker->indexForFontName(name), index) << name.toStdString();
 
     // A name set after the build adds no row.
@@ -184,9 +181,8 @@ TEST(DQFontPicker, AUserPickUpdatesTheValueAndCallsTheHandlerOnce) {
         picker.selectRow(3, component, false);
         picker.didSelectRow(&picker, 3, component);
     }
-    EXPECT_EQ(changes, 2);
-    EXPECT_EQ(picker.fontSize(), 14);
-    EXPECT_EQ(picker.color(), picker.colorList()[3]);
+    EXPECT_EQ(std::tuple(changes, picker.fontSize(), picker.color()),
+              std::tuple(2, 14, picker.colorList()[3]));
 }
 
 } // namespace
