@@ -241,13 +241,12 @@ TEST(ReportedIconSize, TakesTheLeadingFloatOfTheWholeFileReadAsUtf8Text) {
     test::TemporaryDeviceRoot root;
     EXPECT_FALSE(readReportedIconSize());
     const std::string file = std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize;
-    const std::string megabyte(1024 * 1024, ' ');
-    const std::pair<std::string, float> cases[] = {
-        {"60.5\n", 60.5f},
-        {megabyte + "7", 7},
-        {"\u2003\u00a042", 42},
-        {"6\xff", 0},
-        {megabyte + megabyte + megabyte + megabyte + "7", 0}};
+    // A megabyte of spaces before the number is read; four are too many.
+    const std::pair<std::string, float> cases[] = {{"60.5\n", 60.5f},
+                                                   {std::string(1 << 20, ' ') + "7", 7},
+                                                   {"\u2003\u00a042", 42},
+                                                   {"6\xff", 0},
+                                                   {std::string(4 << 20, ' ') + "7", 0}};
     for (const auto& [text, expected] : cases) {
         root.writeFile(file, text);
         EXPECT_EQ(readReportedIconSize(), expected) << text.substr(0, 10);

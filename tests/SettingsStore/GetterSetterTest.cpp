@@ -216,9 +216,7 @@ TEST(BadSettingsFile, TextXmlCannotCarryIsNeverWrittenRawAndOtherKindsGiveTheDef
     EXPECT_FALSE(std::filesystem::exists(hostPath(DevicePath::preferencesFile)));
 
     // A control character is kept whole, in the binary format, which carries it.
-    const std::string control = "a\tb\x01"
-                                "c\x1b"
-                                "d";
+    const std::string control = "a\tb\001c\033d";
     ASSERT_FALSE(trySetPreferencesObjectKey(control, SettingsKey::badgeTextFieldText));
     EXPECT_EQ(std::tuple(root.settingsBytes().substr(0, 8), getBadgeTextFieldText()),
               std::tuple("bplist00", control));
