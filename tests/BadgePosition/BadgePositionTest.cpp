@@ -10,6 +10,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
+#include <tuple>
 
 using namespace pomwick;
 
@@ -42,9 +43,8 @@ protected:
         const auto onPage = [&](QPointF p) {
             return editor->innerView()->mapTo(page, p.toPoint());
         };
-        auto point = points.begin();
-        QTest::mousePress(page, Qt::LeftButton, {}, onPage(*point));
-        for (++point; point != points.end(); ++point)
+        QTest::mousePress(page, Qt::LeftButton, {}, onPage(*points.begin()));
+        for (auto point = points.begin() + 1; point != points.end(); ++point)
             QTest::mouseMove(page, onPage(*point));
         QTest::mouseRelease(page, Qt::LeftButton, {}, onPage(*(points.end() - 1)));
     }
@@ -67,9 +67,9 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
     setPreferencesObjectKey("0.5,-0.25", "BADGE_LOCATION");
     open();
     EXPECT_EQ(editor->title(), "Set Position");
-    EXPECT_EQ(frame(editor->innerView()), QRectF(69, 149, 181.5, 181.5));
-    EXPECT_EQ(frame(editor->iconImageView()), QRectF(60, 60, 60, 60));
-    EXPECT_EQ(badge(), QRectF(90, 45, 30, 24));
+    EXPECT_EQ(
+        std::tuple(frame(editor->innerView()), frame(editor->iconImageView()), badge()),
+        std::tuple(QRectF(69, 149, 181.5, 181.5), QRectF(60, 60, 60, 60), QRectF(90, 45, 30, 24)));
     EXPECT_FALSE(editor->iconImageView()->pixmap().isNull());
     const QRectF hint = frame(editor->infoTextView());
     EXPECT_EQ(hint, QRectF(-1, 32, 322, hint.height()));
@@ -78,16 +78,17 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
     // A landscape window: the square is centered again, the hint still at a tenth of the width.
     setFrame(editor->view(), QRectF(0, 0, 480, 320));
     editor->didRotateFromInterfaceOrientation(1);
-    EXPECT_EQ(frame(editor->innerView()).topLeft(), QPointF(149, 69));
-    EXPECT_EQ(frame(editor->infoTextView()).top(), 48);
-    EXPECT_EQ(badge(), QRectF(90, 45, 30, 24));
+    EXPECT_EQ(std::tuple(frame(editor->innerView()).topLeft(), frame(editor->infoTextView()).top(),
+                         badge()),
+              std::tuple(QPointF(149, 69), 48, QRectF(90, 45, 30, 24)));
 }
 
 TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItNeverOutOfTheSquareAndItsPlaceIsRestored) {
     open();
+    // A touch beside the badge moves nothing, but the place is still stored.
     drag({{150, 150}, {140, 140}});
-    EXPECT_EQ(badge(), QRectF(60, 60, 30, 24)) << "a touch beside the badge";
-    EXPECT_EQ(storedLocation(), "0.000000,0.000000") << "but the place is still stored";
+    EXPECT_EQ(std::tuple(badge(), storedLocation()),
+              std::tuple(QRectF(60, 60, 30, 24), "0.000000,0.000000"));
     // 100 points to the right would carry the badge's right edge past 180: no move at all.
     drag({{70, 70}, {170, 70}, {160, 70}, {150, 80}});
     EXPECT_EQ(badge(), QRectF(40, 70, 30, 24));
@@ -96,8 +97,8 @@ TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItNeverOutOfTheSquareAndItsPlace
     EXPECT_EQ(badge(), QRectF(0, 56, 30, 24));
     // Left of and below the icon's corner: a negative and a positive fraction of the icon.
     drag({{10, 66}, {20, 75}, {25, 80}});
-    EXPECT_EQ(badge(), QRectF(15, 70, 30, 24));
-    EXPECT_EQ(storedLocation(), "-0.750000,0.166667");
+    EXPECT_EQ(std::tuple(badge(), storedLocation()),
+              std::tuple(QRectF(15, 70, 30, 24), "-0.750000,0.166667"));
 
     // Six decimals stored give back the place the badge was left at.
     const QRect placed = editor->badgeImageView()->geometry();
@@ -135,9 +136,8 @@ TEST_F(BadgePosition, TheBadgeWearsARingOnlyForTheKeyboardAndArrowKeysNudgeItOne
         QTest::keyPress(page, key);
     EXPECT_EQ(storedLocation(), "(none)");
     QTest::keyRelease(page, Qt::Key_Up);
-    EXPECT_EQ(badge(), QRectF(58, 59, 30, 24));
-    EXPECT_EQ(storedLocation(), "-0.033333,-0.016667");
-    EXPECT_EQ(page->focusPolicy(), Qt::StrongFocus);
+    EXPECT_EQ(std::tuple(badge(), storedLocation(), page->focusPolicy()),
+              std::tuple(QRectF(58, 59, 30, 24), "-0.033333,-0.016667", Qt::StrongFocus));
 }
 
 TEST_F(BadgePosition, NoIconSizeGivesAnEmptyEditorThatKeepsTheStoredPlace) {

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <tuple>
 
 using namespace pomwick;
 
@@ -112,8 +113,7 @@ TEST_P(Primitives, ScalingStretchesWithoutKeepingTheAspectRatioAndAlphaFadesTheW
                 {{0.5, 0.5, red}, {15, 5, red}, {25, 5, blue}, {39.5, 9.5, blue}});
 
     // Alpha fades the whole image.
-    const QImage faded = applyAlphaToImage(solid(QSizeF(8, 6), red), 0.5f);
-    EXPECT_NEAR(at(faded, 4, 3).alpha(), 128, 2);
+    EXPECT_NEAR(at(applyAlphaToImage(solid(QSizeF(8, 6), red), 0.5f), 4, 3).alpha(), 128, 2);
     EXPECT_TRUE(applyAlphaToImage(QImage(), 0.5f).isNull());
 }
 
@@ -166,9 +166,8 @@ TEST_P(Primitives, CombiningCentersTheSecondWithRoundedOffsets) {
     expectImage(combined, QSizeF(30, 24), scale(),
                 {{11, 5, blue}, {19.9, 19.9, blue}, {10.9, 5, red}, {11, 4.9, red}, {20, 5, red}});
     // A larger second image is cropped to the first's size.
-    const QImage cropped =
-        imageByCombiningImage(solid(QSizeF(10, 10), red), solid(QSizeF(30, 30), blue));
-    expectImage(cropped, QSizeF(10, 10), scale(), {{0, 0, blue}});
+    expectImage(imageByCombiningImage(solid(QSizeF(10, 10), red), solid(QSizeF(30, 30), blue)),
+                QSizeF(10, 10), scale(), {{0, 0, blue}});
 }
 
 INSTANTIATE_TEST_SUITE_P(AtScale, Primitives, testing::Values(1.0, 2.0));
@@ -221,14 +220,12 @@ TEST_F(Composition, SwitchedOffShowsTheStockBadgeHiddenOrWithoutABackgroundNone)
     setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
     setPreferencesObjectKey("0.500000,0.500000", SettingsKey::badgeLocation);
     const PreviewBadge stock = compose();
-    EXPECT_EQ(stock.frame, QRectF(40 + 60 - 12, 75 - 12, 24, 24));
-    EXPECT_EQ(pointSize(stock.image), QSizeF(24, 24));
-    EXPECT_EQ(stock.image.pixelColor(24, 24), QColor(Qt::blue));
+    EXPECT_EQ(std::tuple(stock.frame, pointSize(stock.image), stock.image.pixelColor(24, 24)),
+              std::tuple(QRectF(40 + 60 - 12, 75 - 12, 24, 24), QSizeF(24, 24), QColor(Qt::blue)));
 
     setPreferencesObjectKey("1", SettingsKey::enabled);
     const PreviewBadge hidden = compose();
-    EXPECT_TRUE(hidden.image.isNull());
-    EXPECT_FALSE(hidden.frame);
+    EXPECT_EQ(std::tuple(hidden.image.isNull(), hidden.frame.has_value()), std::tuple(true, false));
 
     // Unreadable images are the image loader's own test; a missing one leaves nothing to scale.
     setPreferencesObjectKey("TRUE", SettingsKey::badgeVisible);
@@ -244,14 +241,12 @@ TEST(ReportedIconSize, TakesTheLeadingFloatOfTheWholeFileReadAsUtf8Text) {
     test::TemporaryDeviceRoot root;
     EXPECT_FALSE(readReportedIconSize());
     const std::string file = std::string(DevicePath::tmpDirectory) + PreviewFile::iconSize;
-    const std::string megabyte(1024 * 1024, ' ');
-    const std::pair<std::string, float> cases[] = {
-        {"60.5\n", 60.5f},
-        {megabyte + "7", 7},
-        {"\u2003\u00a042", 42},
-        {"6\xff", 0},
-        {megabyte + megabyte + megabyte + megabyte + "7", 0},
-    };
+    // A megabyte of spaces before the number is read; four are too many.
+    const std::pair<std::string, float> cases[] = {{"60.5\n", 60.5f},
+                                                   {std::string(1 << 20, ' ') + "7", 7},
+                                                   {"\u2003\u00a042", 42},
+                                                   {"6\xff", 0},
+                                                   {std::string(4 << 20, ' ') + "7", 0}};
     for (const auto& [text, expected] : cases) {
         root.writeFile(file, text);
         EXPECT_EQ(readReportedIconSize(), expected) << text.substr(0, 10);

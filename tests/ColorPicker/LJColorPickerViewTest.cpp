@@ -44,18 +44,15 @@ TEST(LJColorPickerView, ClampsWhatItIsGivenSizesSwatchesWithWholeGapsAndScrollsB
     LJColorPickerView view;
     EXPECT_FALSE(view.selectedColor());
     view.setColorsPerRow(0);
-    EXPECT_EQ(view.colorsPerRow(), 1);
     view.setColorCellPadding(-0.5);
-    EXPECT_EQ(view.colorCellPadding(), 0.0);
+    EXPECT_EQ(std::tuple(view.colorsPerRow(), view.colorCellPadding()), std::tuple(1, 0.0));
     view.setColorCellPadding(7);
     EXPECT_EQ(view.colorView()->contentInset(), QMarginsF(0, 2, 0, 2));
 
     // Swatch sides: the gap total is cut to whole points before it is subtracted from the width.
+    using Swatch = std::tuple<int, int, double, qreal>;
     for (const auto& [width, perRow, padding, side] :
-         {std::tuple<int, int, double, qreal>{300, 3, 0.4, 100},
-          {300, 3, 0.5, 99},
-          {321, 1, 2.0, 321},
-          {5, 4, 10.0, 0}}) {
+         {Swatch{300, 3, 0.4, 100}, {300, 3, 0.5, 99}, {321, 1, 2.0, 321}, {5, 4, 10.0, 0}}) {
         Picker picker(9, width);
         picker.view.setColorsPerRow(perRow);
         picker.view.setColorCellPadding(padding);
@@ -91,23 +88,21 @@ TEST(LJColorPickerView, LaysSwatchesOutInFullRowsAndATapBordersOneAndReportsItsC
     ASSERT_TRUE(QTest::qWaitFor([&] { return picker.cell(2) && picker.cell(2)->alpha() == 0.5; }))
         << "dimmed while pressed";
     QTest::mouseRelease(grid->viewport(), Qt::LeftButton, {}, picker.centerOf(2));
-    EXPECT_EQ(picker.cell(2)->alpha(), 1.0);
-    EXPECT_EQ(picker.cell(2)->borderWidth(), 5.0);
-    EXPECT_EQ(picker.cell(2)->borderColor(), QColor(Qt::white));
-    ASSERT_EQ(delegate.told.size(), 1u);
-    EXPECT_EQ(delegate.told[0], palette(10)[2]);
+    const CollectionViewCell* tapped = picker.cell(2);
+    EXPECT_EQ(std::tuple(tapped->alpha(), tapped->borderWidth(), tapped->borderColor()),
+              std::tuple(1.0, 5.0, QColor(Qt::white)));
+    EXPECT_EQ(delegate.told, std::vector{palette(10)[2]});
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[2]);
 
-    picker.tap(5);
-    EXPECT_EQ(picker.cell(2)->borderWidth(), 0) << "single selection";
-    EXPECT_EQ(picker.cell(5)->borderWidth(), 5.0);
+    picker.tap(5); // single selection
+    EXPECT_EQ(std::tuple(picker.cell(2)->borderWidth(), picker.cell(5)->borderWidth()),
+              std::tuple(0, 5.0));
 
     picker.view.setHighlightSelection(false);
     EXPECT_FALSE(grid->indexPathForSelectedItem()) << "a reset clears the selection";
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[5]) << "but keeps the color";
     picker.tap(7);
-    EXPECT_EQ(picker.cell(7)->borderWidth(), 0);
-    EXPECT_EQ(delegate.told.size(), 3u);
+    EXPECT_EQ(std::tuple(picker.cell(7)->borderWidth(), delegate.told.size()), std::tuple(0, 3u));
 
     // Delegates that cannot be told are left alone.
     QObject unaware;
@@ -130,8 +125,7 @@ TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelectsAndItReadsAsAListOfNamedColo
         QTest::keyClick(picker.grid(), key);
     EXPECT_TRUE(delegate.told.empty()) << "moving the focus selects nothing";
     QTest::keyClick(picker.grid(), Qt::Key_Space);
-    ASSERT_EQ(delegate.told.size(), 1u);
-    EXPECT_EQ(delegate.told[0], palette(12)[9]);
+    EXPECT_EQ(delegate.told, std::vector{palette(12)[9]});
     QTest::keyClick(picker.grid(), Qt::Key_End);
     QTest::keyClick(picker.grid(), Qt::Key_Return);
     EXPECT_EQ(picker.view.selectedColor(), palette(12)[11]);
@@ -139,8 +133,7 @@ TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelectsAndItReadsAsAListOfNamedColo
     picker.view.setColors({{1, 0.5f, 0, 1}, Color::black()});
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(picker.grid());
     ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->role(), QAccessible::List);
-    ASSERT_EQ(list->childCount(), 2);
+    ASSERT_EQ(std::tuple(list->role(), list->childCount()), std::tuple(QAccessible::List, 2));
     EXPECT_EQ(list->child(0)->text(QAccessible::Name), "red 100% green 50% blue 0%");
     EXPECT_EQ(list->child(1)->text(QAccessible::Name), "red 0% green 0% blue 0%");
 }

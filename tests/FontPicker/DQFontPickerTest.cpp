@@ -34,8 +34,7 @@ TEST(DQFontPicker, ColorWheelRunsDownToBlackAndAColorSetBeforeTheBuildGetsARowAf
     EXPECT_EQ(colors.back(), Color::black());
     const std::vector<Color> brightReds{
         {1, 0, 0, 1}, {1, 0.25, 0.25, 1}, {1, 0.5, 0.5, 1}, {1, 0.75, 0.75, 1}, Color::white()};
-    EXPECT_NE(std::search(colors.begin(), colors.end(), brightReds.begin(), brightReds.end()),
-              colors.end())
+    EXPECT_FALSE(std::ranges::search(colors, brightReds).empty())
         << "white follows the reds of full brightness";
     // Only negative variant counts survive the build.
     for (const auto& [hues, greys, rows] :
@@ -56,9 +55,9 @@ TEST(DQFontPicker, ColorWheelRunsDownToBlackAndAColorSetBeforeTheBuildGetsARowAf
     DQFontPicker after;
     after.colorList();
     after.setColor(teal);
-    EXPECT_EQ(after.colorList().size(), 125u);
-    EXPECT_EQ(after.selectedColor(), (Color{0, 0.5, 0.5, 1}));
-    EXPECT_EQ(after.color(), teal) << "the color itself is kept";
+    // The nearest row is selected, but the color itself is kept.
+    EXPECT_EQ(std::tuple(after.colorList().size(), after.selectedColor(), after.color()),
+              std::tuple(125u, Color{0, 0.5, 0.5, 1}, teal));
 
     for (const auto& [color, exact, nearest] :
          {std::tuple<std::optional<Color>, bool, bool>{Color{1, 0, 0, 0.2f}, true, true},
@@ -94,17 +93,14 @@ TEST(DQFontPicker, SizeListFollowsItsBoundsNeverRunsAwayAndLookupsPreferTheEarli
 
     // Lookups prefer the exact size, then the earlier of two equally near.
     DQFontPicker picker;
+    using Lookup = std::tuple<double, qsizetype, qsizetype>;
     for (const auto& [size, exact, nearest] :
-         {std::tuple<double, qsizetype, qsizetype>{13, notFound, 2},
-          {14, 3, 3},
-          {100, notFound, 8},
-          {nan, notFound, notFound}}) {
+         {Lookup{13, notFound, 2}, {14, 3, 3}, {100, notFound, 8}, {nan, notFound, notFound}}) {
         EXPECT_EQ(picker.indexForFontSize(size), exact) << size;
         EXPECT_EQ(picker.indexForNearestFontSize(size), nearest) << size;
     }
     picker.selectFontSize(13, false);
-    EXPECT_EQ(picker.selectedFontSize(), 12);
-    EXPECT_EQ(picker.fontSize(), 13);
+    EXPECT_EQ(std::tuple(picker.selectedFontSize(), picker.fontSize()), std::tuple(12, 13));
 }
 
 TEST(DQFontPicker, FontListSortsEveryFaceWithTheCurrentNameInFront) {
@@ -115,16 +111,15 @@ TEST(DQFontPicker, FontListSortsEveryFaceWithTheCurrentNameInFront) {
               (QStringList{"alpha", "b-Regular", "Beta", "Écran-Bold", "Missing", "Zeta"}));
     EXPECT_EQ(picker->selectedFontName(), "Missing");
 
-    for (const auto& [name, index] : {std::pair<QString, qsizetype>{"Beta", 2},
-                                      {".Beta", 2},
-                                      {"..Zeta", 5},
-                                      {"beta", notFound}})
+    using Lookup = std::pair<QString, qsizetype>;
+    for (const auto& [name, index] :
+         {Lookup{"Beta", 2}, {".Beta", 2}, {"..Zeta", 5}, {"beta", notFound}})
         EXPECT_EQ(picker->indexForFontName(name), index) << name.toStdString();
 
+    // A name set after the build adds no row.
     picker->selectFontName(QStringLiteral("Other"), false);
-    EXPECT_EQ(picker->fontList().size(), 6) << "a name set after the build adds no row";
-    EXPECT_EQ(picker->fontName(), "Other");
-    EXPECT_EQ(picker->selectedFontName(), "Missing");
+    EXPECT_EQ(std::tuple(picker->fontList().size(), picker->fontName(), picker->selectedFontName()),
+              std::tuple(6, "Other", "Missing"));
     QLocale::setDefault(QLocale::c());
 
     auto empty = pickerWithFaces({});
@@ -186,9 +181,8 @@ TEST(DQFontPicker, AUserPickUpdatesTheValueAndCallsTheHandlerOnce) {
         picker.selectRow(3, component, false);
         picker.didSelectRow(&picker, 3, component);
     }
-    EXPECT_EQ(changes, 2);
-    EXPECT_EQ(picker.fontSize(), 14);
-    EXPECT_EQ(picker.color(), picker.colorList()[3]);
+    EXPECT_EQ(std::tuple(changes, picker.fontSize(), picker.color()),
+              std::tuple(2, 14, picker.colorList()[3]));
 }
 
 } // namespace

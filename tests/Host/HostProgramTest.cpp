@@ -39,10 +39,9 @@ protected:
 
 // A session bus of the test's own, configured like a desktop's, with a service folder and a
 // start timeout long enough that nothing may wait for it.
-class OwnBus {
-public:
+struct OwnBus {
     explicit OwnBus(const QString& serviceExec) {
-        QDir(folder_.path()).mkdir("services");
+        QDir(folder.path()).mkdir("services");
         writeFile("services/com.velquor.pomwick.service",
                   QString("[D-BUS Service]\nName=com.velquor.pomwick\nExec=%1\n").arg(serviceExec));
         writeFile("bus.conf",
@@ -51,21 +50,21 @@ public:
                           "<limit name=\"service_start_timeout\">120000</limit>"
                           "<policy context=\"default\"><allow send_destination=\"*\"/>"
                           "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>")
-                      .arg(folder_.path()));
-        daemon_.start("dbus-daemon",
-                      {"--config-file=" + path("bus.conf"), "--nofork", "--print-address"});
-        EXPECT_TRUE(daemon_.waitForReadyRead(10000));
-        address_ = QString::fromUtf8(daemon_.readLine()).trimmed();
+                      .arg(folder.path()));
+        daemon.start("dbus-daemon",
+                     {"--config-file=" + path("bus.conf"), "--nofork", "--print-address"});
+        EXPECT_TRUE(daemon.waitForReadyRead(10000));
+        address = QString::fromUtf8(daemon.readLine()).trimmed();
     }
     ~OwnBus() {
-        daemon_.kill();
-        daemon_.waitForFinished();
+        daemon.kill();
+        daemon.waitForFinished();
     }
 
-    QString path(const QString& name) const { return folder_.path() + '/' + name; }
+    QString path(const QString& name) const { return folder.path() + '/' + name; }
     QProcessEnvironment environment() const {
         auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("DBUS_SESSION_BUS_ADDRESS", address_);
+        environment.insert("DBUS_SESSION_BUS_ADDRESS", address);
         return environment;
     }
     // Asked from a process of its own: this one stays off the bus that is about to go.
@@ -77,18 +76,15 @@ public:
         ask.waitForFinished();
         return ask.readAllStandardOutput().contains("boolean true");
     }
-    QProcess& daemon() { return daemon_; }
-
-private:
     void writeFile(const QString& name, const QString& text) {
         QFile file(path(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text.toUtf8());
     }
 
-    QTemporaryDir folder_;
-    QProcess daemon_;
-    QString address_;
+    QTemporaryDir folder;
+    QProcess daemon;
+    QString address;
 };
 
 } // namespace
@@ -182,7 +178,7 @@ TEST(BusFaults, ARendererEndsWhenItsBusIsGone) {
     renderer.start(RENDERER, {"--root", QString::fromStdString(root.path())});
     ASSERT_TRUE(QTest::qWaitFor([&] { return bus.serves("com.velquor.pomwick"); }, 30000));
 
-    bus.daemon().kill();
+    bus.daemon.kill();
     EXPECT_TRUE(renderer.waitForFinished(30000)) << "the renderer outlived its bus";
     EXPECT_EQ(renderer.exitStatus(), QProcess::NormalExit);
 }

@@ -25,13 +25,11 @@ RendererProcess::~RendererProcess() {
 }
 
 bool RendererProcess::waitUntilServing() {
-    return QTest::qWaitFor(
-               [&] {
-                   return process_.state() == QProcess::NotRunning ||
-                          MessagingCenter::centerNamed(CenterName::renderer).doesServerExist();
-               },
-               10000) &&
-           process_.state() != QProcess::NotRunning;
+    const MessagingCenter& center = MessagingCenter::centerNamed(CenterName::renderer);
+    const bool settled = QTest::qWaitFor(
+        [&] { return process_.state() == QProcess::NotRunning || center.doesServerExist(); },
+        10000);
+    return settled && process_.state() != QProcess::NotRunning;
 }
 
 } // namespace pomwick::test

@@ -16,6 +16,7 @@
 #include <QTest>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <tuple>
 
 using namespace pomwick;
 using pomwick::test::RendererProcess;
@@ -129,28 +130,25 @@ TEST_F(ScreenSide, AFloodOfRequestsIsCoalescedAndTheLastRenderIsTheLastSettings)
     setPreferencesObjectKey("1.500000", SettingsKey::badgeBorderWidth);
     requestAndAwaitAnswer();
     // Let every queued request be answered, then the file shows the last settings.
-    int settled = -1;
-    while (settled != answers) {
+    for (int settled = -1; settled != answers; QTest::qWait(300))
         settled = answers;
-        QTest::qWait(300);
-    }
     EXPECT_LT(answers, 10001) << "bursts are coalesced";
     const QImage background = imageWithContentsOfFile(tmpFile(PreviewFile::badgeBackground));
     EXPECT_EQ(background.size(), loadBundleImage(PreviewFile::stockBadge).size() * 1.5);
-    EXPECT_EQ(background.pixelColor(background.width() / 2, background.height() / 2),
-              QColor(0, 255, 0));
-    // The border: the enlarged silhouette's rim, between the stock badge's edge and its own.
-    EXPECT_EQ(background.pixelColor(background.width() / 2, background.height() / 20),
-              QColor(0, 0, 255));
-    EXPECT_EQ(background.pixelColor(0, 0).alpha(), 0);
+    // Green inside; the border blue on the enlarged silhouette's rim, between the stock badge's
+    // edge and its own; clear in the corner.
+    const int x = background.width() / 2, y = background.height();
+    EXPECT_EQ(std::tuple(background.pixelColor(x, y / 2), background.pixelColor(x, y / 20),
+                         background.pixelColor(0, 0).alpha()),
+              std::tuple(QColor(0, 255, 0), QColor(0, 0, 255), 0));
 
     RendererProcess second;
     ASSERT_TRUE(second.process().waitForFinished(10000));
     EXPECT_EQ(second.process().exitCode(), 1);
     renderer.process().terminate();
     ASSERT_TRUE(renderer.process().waitForFinished(5000));
-    EXPECT_EQ(renderer.process().exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(renderer.process().exitCode(), 0);
+    EXPECT_EQ(std::tuple(renderer.process().exitStatus(), renderer.process().exitCode()),
+              std::tuple(QProcess::NormalExit, 0));
     EXPECT_TRUE(QTest::qWaitFor(
         [] { return !MessagingCenter::centerNamed(CenterName::renderer).doesServerExist(); },
         5000));

@@ -73,12 +73,11 @@ std::string plist(const std::vector<std::string>& objects) {
 
 // The expected defaults are the table's; the tool's test spells them out once more, by hand.
 void expectEveryDefault(std::string_view except) {
-    for (const Setting& setting : settingsTable) {
-        if (setting.key == except)
-            continue;
-        EXPECT_EQ(printedValue(effectiveValue(setting)), printedValue(setting.defaultValue))
-            << setting.key;
-    }
+    for (const Setting& setting : settingsTable)
+        if (setting.key != except) {
+            EXPECT_EQ(printedValue(effectiveValue(setting)), printedValue(setting.defaultValue))
+                << setting.key;
+        }
 }
 
 void SettingsRoot::writeSettings(const std::string& bytes) const {

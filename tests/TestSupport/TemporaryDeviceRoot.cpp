@@ -14,18 +14,6 @@ TemporaryDeviceRoot::TemporaryDeviceRoot() : previousRoot_(DeviceRoot::current()
     DeviceRoot::set(directory_.path().toStdString());
 }
 
-TemporaryDeviceRoot::~TemporaryDeviceRoot() {
-    DeviceRoot::set(previousRoot_);
-}
-
-std::filesystem::path TemporaryDeviceRoot::path() const {
-    return directory_.path().toStdString();
-}
-
-std::filesystem::path TemporaryDeviceRoot::at(const std::string& devicePath) const {
-    return hostPath(devicePath);
-}
-
 void TemporaryDeviceRoot::writeFile(const std::string& devicePath, const std::string& bytes) const {
     const auto target = at(devicePath);
     std::filesystem::create_directories(target.parent_path());

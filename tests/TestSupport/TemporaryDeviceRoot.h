@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DevicePaths.h"
+
 #include <QTemporaryDir>
 #include <filesystem>
 #include <string>
@@ -10,11 +12,11 @@ namespace pomwick::test {
 class TemporaryDeviceRoot {
 public:
     TemporaryDeviceRoot();
-    ~TemporaryDeviceRoot();
+    ~TemporaryDeviceRoot() { DeviceRoot::set(previousRoot_); }
 
-    std::filesystem::path path() const;
+    std::filesystem::path path() const { return directory_.path().toStdString(); }
     // The host path of a device path under this root.
-    std::filesystem::path at(const std::string& devicePath) const;
+    std::filesystem::path at(const std::string& devicePath) const { return hostPath(devicePath); }
     // Writes bytes to the device path, creating its folders.
     void writeFile(const std::string& devicePath, const std::string& bytes) const;
     std::string readFile(const std::string& devicePath) const;

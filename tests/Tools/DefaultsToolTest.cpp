@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <tuple>
 
 using namespace pomwick;
 using pomwick::test::ProgramRun;
@@ -18,6 +19,11 @@ protected:
     // The tool run on this test's root, given with --root.
     ProgramRun defaults(const QStringList& arguments) const {
         return test::runProgram(DEFAULTS_TOOL, QStringList{"--root", dir} + arguments);
+    }
+    // Runs each command line in turn; every one must succeed.
+    void succeed(std::initializer_list<QStringList> commandLines) const {
+        for (const QStringList& arguments : commandLines)
+            ASSERT_EQ(defaults(arguments).status, 0) << arguments.join(' ').toStdString();
     }
     static bool settingsFileExists() { return fs::exists(hostPath(DevicePath::preferencesFile)); }
 
@@ -51,37 +57,33 @@ TEST_F(DefaultsTool, ReadListsTheElevenDefaultsInOrderAndShowsControlCharactersE
 }
 
 TEST_F(DefaultsTool, WritesReachTheGettersDeleteAndResetUndoThemAndAStyleComesBackWhole) {
-    ASSERT_EQ(defaults({"write", "ENABLED", "No"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", " @@ x "}).status, 0);
+    succeed({{"write", "ENABLED", "No"}, {"write", "BADGE_TEXT_FIELD_TEXT", " @@ x "}});
     // The edges of each range, and a negative value that is no option.
-    ASSERT_EQ(defaults({"write", "BADGE_ALPHA", "0"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_BORDER_WIDTH", "2"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "-1,2"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_FONT_COLOR", "1,0,0.5,1"}).status, 0);
-    EXPECT_FALSE(getEnabled());
-    EXPECT_EQ(getBadgeTextFieldText(), " @@ x ");
-    EXPECT_EQ(getBadgeAlpha(), 0.0f);
-    EXPECT_EQ(getBadgeLocation(), (BadgeLocation{-1, 2}));
+    succeed({{"write", "BADGE_ALPHA", "0"},
+             {"write", "BADGE_BORDER_WIDTH", "2"},
+             {"write", "BADGE_LOCATION", "-1,2"},
+             {"write", "BADGE_FONT_COLOR", "1,0,0.5,1"}});
+    EXPECT_EQ(std::tuple(getEnabled(), getBadgeTextFieldText(), getBadgeAlpha(), getBadgeLocation(),
+                         getBadgeBorderWidth(), getBadgeFontColor()),
+              std::tuple(false, " @@ x ", 0.0f, BadgeLocation{-1, 2}, 2.0f, Color{1, 0, 0.5f, 1}));
     // As given, for people who mean it.
     ASSERT_EQ(defaults({"write", "--raw", "BADGE_ALPHA", "-1"}).status, 0);
     EXPECT_EQ(getBadgeAlpha(), -1.0f);
 
     ASSERT_EQ(defaults({"delete", "ENABLED"}).status, 0);
-    EXPECT_TRUE(getEnabled());
-    EXPECT_EQ(getBadgeTextFieldText(), " @@ x ");
+    EXPECT_EQ(std::tuple(getEnabled(), getBadgeTextFieldText()), std::tuple(true, " @@ x "));
     ASSERT_EQ(defaults({"reset"}).status, 0);
     EXPECT_FALSE(settingsFileExists());
     EXPECT_EQ(defaults({"reset"}).status, 0);
 
     // An exported style comes back whole, and a bad one is refused whole.
-    ASSERT_EQ(defaults({"write", "BADGE_TEXT_FIELD_TEXT", "Hi\t@"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_ALPHA", "0.25"}).status, 0);
-    ASSERT_EQ(defaults({"write", "BADGE_LOCATION", "-0.5,1.5"}).status, 0);
     const QString style = dir + "/style.plist", again = dir + "/again.plist";
-    ASSERT_EQ(defaults({"export", style}).status, 0);
+    succeed({{"write", "BADGE_TEXT_FIELD_TEXT", "Hi\t@"},
+             {"write", "BADGE_ALPHA", "0.25"},
+             {"write", "BADGE_LOCATION", "-0.5,1.5"},
+             {"export", style}});
     const std::string before = defaults({"read"}).out;
-    ASSERT_EQ(defaults({"reset"}).status, 0);
-    ASSERT_EQ(defaults({"import", style}).status, 0);
+    succeed({{"reset"}, {"import", style}});
     EXPECT_EQ(defaults({"read"}).out, before);
     ASSERT_EQ(defaults({"export", again}).status, 0);
     EXPECT_EQ(root.readFile("/style.plist"), root.readFile("/again.plist"));
@@ -101,34 +103,23 @@ TEST_F(DefaultsTool, WritesReachTheGettersDeleteAndResetUndoThemAndAStyleComesBa
 }
 
 TEST_F(DefaultsTool, BadCommandLinesAndValuesTheWindowCouldNotStoreSayWhatIsWrongAndWriteNothing) {
-    const QStringList bad[] = {
-        {"write", "NOT_A_KEY", "1"},
-        {"read", "NOT_A_KEY"},
-        {"write", "ENABLED"},
-        {"write", "ENABLED", "1", "2"},
-        {"write", "--raw", "ENABLED"},
-        {"frobnicate"},
-        {"reset", "now"},
-        {},
-        {"write", "ENABLED", "maybe"},
-        {"write", "BADGE_ALPHA", "-1"},
-        {"write", "BADGE_ALPHA", "1.0001"},
-        {"write", "BADGE_BORDER_WIDTH", "0.99"},
-        {"write", "BADGE_FONT_SIZE", "16.5"},
-        {"write", "BADGE_FONT_SIZE", "25"},
-        {"write", "BADGE_FONT", "No Such Face"},
-        {"write", "BADGE_FONT_COLOR", "0,0,0"},
-        {"write", "BADGE_FONT_COLOR", "0,0,0,1.5"},
-        {"write", "BADGE_LOCATION", "0.5,nan"},
-        {"write", "BADGE_LOCATION", "0.5,0.5,0"},
-        {"write", "BADGE_TEXT_FIELD_TEXT", QString(32768, 'x')},
-    };
+    // Command lines split at spaces, and a text too long to store.
+    QList<QStringList> bad;
+    for (const char* line :
+         {"write NOT_A_KEY 1", "read NOT_A_KEY", "write ENABLED", "write ENABLED 1 2",
+          "write --raw ENABLED", "frobnicate", "reset now", "", "write ENABLED maybe",
+          "write BADGE_ALPHA -1", "write BADGE_ALPHA 1.0001", "write BADGE_BORDER_WIDTH 0.99",
+          "write BADGE_FONT_SIZE 16.5", "write BADGE_FONT_SIZE 25", "write BADGE_FONT NoSuchFace",
+          "write BADGE_FONT_COLOR 0,0,0", "write BADGE_FONT_COLOR 0,0,0,1.5",
+          "write BADGE_LOCATION 0.5,nan", "write BADGE_LOCATION 0.5,0.5,0"})
+        bad.append(QString(line).split(' ', Qt::SkipEmptyParts));
+    bad.append({"write", "BADGE_TEXT_FIELD_TEXT", QString(32768, 'x')});
     for (const QStringList& arguments : bad) {
-        const ProgramRun refused = defaults(arguments);
-        EXPECT_EQ(refused.status, 2) << arguments.join(' ').toStdString();
-        EXPECT_TRUE(refused.out.empty());
-        EXPECT_NE(refused.err.find("pomwick-defaults: "), std::string::npos);
-        EXPECT_EQ(std::count(refused.err.begin(), refused.err.end(), '\n'), 1) << refused.err;
+        const auto [status, out, err] = defaults(arguments);
+        EXPECT_EQ(std::tuple(status, out, err.find("pomwick-defaults: ") != std::string::npos,
+                             std::count(err.begin(), err.end(), '\n')),
+                  std::tuple(2, "", true, 1))
+            << arguments.join(' ').toStdString() << ": " << err;
     }
     EXPECT_FALSE(settingsFileExists());
 }
@@ -145,8 +136,7 @@ TEST_F(DefaultsTool, OnlyARegularFileAtTheSettingsPathIsReadOrReplaced) {
         const auto type = fs::symlink_status(path).type();
         // Reading neither hangs nor fails: the defaults apply.
         const ProgramRun read = defaults({"read", "ENABLED"});
-        EXPECT_EQ(read.status, 0);
-        EXPECT_EQ(read.out, "true\n");
+        EXPECT_EQ(std::tuple(read.status, read.out), std::tuple(0, "true\n"));
         for (const QStringList& change : {QStringList{"write", "ENABLED", "0"},
                                           QStringList{"delete", "ENABLED"}, QStringList{"reset"}}) {
             const ProgramRun refused = defaults(change);

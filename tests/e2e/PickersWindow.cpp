@@ -15,7 +15,6 @@ class Printer : public QObject, public LJColorPickerViewDelegate {
 public:
     void didSelectColor(LJColorPickerView*, const Color& c) override {
         std::printf("color %.3f %.3f %.3f\n", double(c.red), double(c.green), double(c.blue));
-        std::fflush(stdout);
     }
 };
 
@@ -32,6 +31,8 @@ std::vector<Color> palette() {
 } // namespace
 
 int main(int argc, char** argv) {
+    // Each pick reaches the driver as it is made.
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     QApplication app(argc, argv);
     QWidget window;
     window.setWindowTitle(QStringLiteral("Pickers"));
@@ -46,7 +47,6 @@ int main(int argc, char** argv) {
     fonts->setColor(Color{1, 0, 0, 1});
     fonts->setChangeHandler([fonts] {
         std::printf("changed %s %g\n", qPrintable(fonts->fontName()), fonts->fontSize());
-        std::fflush(stdout);
     });
     auto* grid = new LJColorPickerView;
     grid->setFixedSize(320, 248);
