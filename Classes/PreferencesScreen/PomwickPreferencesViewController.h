@@ -110,6 +110,8 @@ public:
     QLabel* previewUnavailableLabel() const { return previewUnavailableLabel_; }
 
 private:
+    // Asks the renderer for a fresh preview.
+    static void requestPreview();
     void registerPreviewMessages();
     void setUpHistory();
     void endGesture(const QString& description);

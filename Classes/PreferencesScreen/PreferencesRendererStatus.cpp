@@ -2,8 +2,6 @@
 // renderer answers again.
 #include "Appearance.h"
 #include "HomeScreen.h"
-#include "MessageNames.h"
-#include "MessagingCenter.h"
 #include "PomwickPreferencesViewController.h"
 #include "RendererPresence.h"
 #include "ViewGeometry.h"
@@ -19,11 +17,6 @@ constexpr int absenceNoticedAfterMilliseconds = 1000;
 constexpr int respringGivenUpAfterMilliseconds = 5000;
 // Two lines of the status's text.
 constexpr qreal minimumStatusHeight = 32;
-
-void requestPreview() {
-    MessagingCenter::centerNamed(CenterName::renderer)
-        .sendMessageName(MessageName::saveBadgeImages);
-}
 
 } // namespace
 

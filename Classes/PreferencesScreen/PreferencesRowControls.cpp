@@ -17,11 +17,6 @@ namespace {
 
 constexpr IndexPath textRow{1, 1};
 
-void requestPreview() {
-    MessagingCenter::centerNamed(CenterName::renderer)
-        .sendMessageName(MessageName::saveBadgeImages);
-}
-
 void storeBadgeText(const QString& text) {
     setPreferencesObjectKey(text.toStdString(), SettingsKey::badgeTextFieldText);
 }
@@ -44,6 +39,11 @@ QString trimmedOfSpacesAndTabs(const QString& text) {
 }
 
 } // namespace
+
+void PomwickPreferencesViewController::requestPreview() {
+    MessagingCenter::centerNamed(CenterName::renderer)
+        .sendMessageName(MessageName::saveBadgeImages);
+}
 
 void PomwickPreferencesViewController::switchValueChanged(Switch* sender) {
     setPreferencesObjectKey(sender->isOn() ? "1" : "0", SettingsKey::enabled);

@@ -2,8 +2,6 @@
 #include "Appearance.h"
 #include "ColorSwatch.h"
 #include "ImageButton.h"
-#include "MessageNames.h"
-#include "MessagingCenter.h"
 #include "PomwickPreferencesViewController.h"
 #include "PomwickVersion.h"
 #include "PreviewFiles.h"
@@ -67,8 +65,7 @@ const SettingsSnapshot& PomwickPreferencesViewController::rowSettings() {
 int PomwickPreferencesViewController::numberOfRowsInSection(TableView*, int section) {
     // Every time the table lays itself out, the renderer is asked for a fresh preview.
     if (rowCountsRequestPreview_)
-        MessagingCenter::centerNamed(CenterName::renderer)
-            .sendMessageName(MessageName::saveBadgeImages);
+        requestPreview();
     static constexpr int rows[] = {1, 8, 1, 4};
     return section >= 0 && section < 4 ? rows[section] : 0;
 }

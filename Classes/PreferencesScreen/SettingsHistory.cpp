@@ -39,7 +39,9 @@ private:
 };
 
 SettingsHistory::SettingsHistory(QObject* parent)
-    : QObject(parent), baseline_(readSettingsFileContent()) {
+    : QObject(parent),
+      file_(QString::fromStdString(hostPath(DevicePath::preferencesFile).string())),
+      folder_(QFileInfo(file_).path()), baseline_(readSettingsFileContent()) {
     stack_.setUndoLimit(100);
     settle_.setSingleShot(true);
     settle_.setInterval(settleMilliseconds);
@@ -52,41 +54,39 @@ SettingsHistory::SettingsHistory(QObject* parent)
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, changed);
     connect(&watcher_, &QFileSystemWatcher::fileChanged, this, changed);
     // Made now if missing, as the first write would: its first file is then seen arriving.
-    QDir().mkpath(
-        QString::fromStdString(hostPath(DevicePath::preferencesFile).parent_path().string()));
+    QDir().mkpath(folder_);
     watchSettings();
 }
 
 // The folder tells of a file renamed into place (every writer's way); the file itself of a write
 // into it. A file replaced by a rename is a new file, watched anew.
 void SettingsHistory::watchSettings() {
-    const std::filesystem::path file = hostPath(DevicePath::preferencesFile);
-    const QString folder = QString::fromStdString(file.parent_path().string());
-    if (!watcher_.directories().contains(folder) && QFileInfo(folder).isDir())
-        watcher_.addPath(folder);
-    if (watcher_.files().isEmpty() && std::filesystem::exists(file))
-        watcher_.addPath(QString::fromStdString(file.string()));
+    if (watcher_.directories().isEmpty() && QFileInfo(folder_).isDir())
+        watcher_.addPath(folder_);
+    if (watcher_.files().isEmpty() && QFileInfo::exists(file_))
+        watcher_.addPath(file_);
+}
+
+bool SettingsHistory::pushStep(SettingsFileContent now, const QString& description) {
+    if (now == baseline_)
+        return false;
+    stack_.push(new SettingsStep(this, baseline_, now, description));
+    baseline_ = std::move(now);
+    return true;
 }
 
 void SettingsHistory::endGesture(const QString& description) {
-    SettingsFileContent now = readSettingsFileContent();
-    if (now == baseline_)
-        return;
-    stack_.push(new SettingsStep(this, baseline_, now, description));
-    baseline_ = std::move(now);
+    pushStep(readSettingsFileContent(), description);
 }
 
 void SettingsHistory::lookForOtherWriters() {
     watchSettings();
     SettingsFileContent now = readSettingsFileContent();
-    if (now == baseline_)
-        return;
     // The page's own write, part of a gesture that has not ended yet.
     if (const auto own = settingsWrittenByThisProcess(); own && *own == now)
         return;
-    stack_.push(new SettingsStep(this, baseline_, now, tr("Change by another program")));
-    baseline_ = std::move(now);
-    emit settingsReplaced();
+    if (pushStep(std::move(now), tr("Change by another program")))
+        emit settingsReplaced();
 }
 
 void SettingsHistory::replaceSettings(const SettingsFileContent& content) {

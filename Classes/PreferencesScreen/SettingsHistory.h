@@ -4,6 +4,7 @@
 
 #include <QFileSystemWatcher>
 #include <QObject>
+#include <QString>
 #include <QTimer>
 #include <QUndoStack>
 
@@ -33,8 +34,12 @@ private:
     friend class SettingsStep;
     void watchSettings();
     void lookForOtherWriters();
+    // Makes what the file became since the last step a step of its own; false when it is the same.
+    bool pushStep(SettingsFileContent now, const QString& description);
     void replaceSettings(const SettingsFileContent& content);
 
+    const QString file_;
+    const QString folder_;
     QUndoStack stack_;
     QFileSystemWatcher watcher_;
     // A burst of changes is looked at once.
