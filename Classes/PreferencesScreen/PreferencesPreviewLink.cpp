@@ -65,16 +65,22 @@ void PomwickPreferencesViewController::handleSimpleMessageNamed(const QString& n
         emit contentReady();
 }
 
-void PomwickPreferencesViewController::updateUI() {
+void PomwickPreferencesViewController::viewDidLayoutSubviews() {
     const QRectF viewBounds = bounds(view());
+    const QPointF iconBefore = frame(iconImageView_).topLeft();
     setFrame(mainTableView_, QRectF(0, 0, viewBounds.width(), viewBounds.height()));
     setFrame(infoLabel_, QRectF(0, 0, viewBounds.width(), 30));
-    const QRectF header = frame(tableHeaderView_);
+    // The header spans the table, which spans the view; a hidden table learns its new width late.
+    const QRectF header(0, 0, viewBounds.width(), frame(tableHeaderView_).height());
     const QRectF icon = frame(iconImageView_);
     setFrame(iconImageView_, QRectF(QPointF(header.width() / 2 - icon.width() / 2,
                                             header.height() / 2 + frame(infoLabel_).height() * 0.5 -
                                                 icon.height() / 2),
                                     icon.size()));
+    // The badge rides on the icon; it is composed again only with the next preview.
+    if (QWidget* badgeView = viewWithTag(tableHeaderView_, previewBadgeTag))
+        setFrame(badgeView,
+                 frame(badgeView).translated(frame(iconImageView_).topLeft() - iconBefore));
     if (fontContainerView_) {
         const qreal sheetHeight = frame(fontContainerView_).height();
         setFrame(fontContainerView_,
@@ -86,6 +92,10 @@ void PomwickPreferencesViewController::updateUI() {
             setFrame(dimmingView_,
                      QRectF(0, 0, viewBounds.width(), viewBounds.height() - sheetHeight));
     }
+}
+
+void PomwickPreferencesViewController::updateUI() {
+    viewDidLayoutSubviews();
     // Back from the position editor: its drop is a step.
     endGesture(tr("Position"));
     reloadTableData();
