@@ -109,23 +109,23 @@ void BadgePositionViewController::viewDidLoad() {
     innerView_ = square;
     innerView_->setAttribute(Qt::WA_TransparentForMouseEvents);
     innerView_->setAccessibleName("Icon area");
-    setFrame(innerView_, squareFrame(size, iconSize));
+    place(innerView_, innerFrame_, squareFrame(size, iconSize));
 
     const qreal side = truncated(iconSize);
-    const QSizeF inner = bounds(innerView_).size();
+    const QSizeF inner = innerFrame_.size();
     iconImageView_ = imageView(innerView_, loadBundleImage(PreviewFile::sampleIcon), "Icon");
-    setFrame(iconImageView_, QRectF(truncated((inner.width() - side) * 0.5),
-                                    truncated((inner.height() - side) * 0.5), side, side));
+    place(iconImageView_, iconFrame_,
+          QRectF(truncated((inner.width() - side) * 0.5), truncated((inner.height() - side) * 0.5),
+                 side, side));
 
     const BadgeLocation location = getBadgeLocation();
-    const QRectF icon = frame(iconImageView_);
     const QImage badge = sender_ ? sender_->finalBadgeImage() : QImage();
     badgeImageView_ = imageView(innerView_, badge, "Badge");
     square->badge = badgeImageView_;
-    setFrame(badgeImageView_,
-             QRectF(float(icon.x() + location.x * icon.width()),
-                    float(icon.y() + location.y * icon.height()),
-                    badge.deviceIndependentSize().width(), badge.deviceIndependentSize().height()));
+    place(badgeImageView_, badgeFrame_,
+          QRectF(float(iconFrame_.x() + location.x * iconFrame_.width()),
+                 float(iconFrame_.y() + location.y * iconFrame_.height()),
+                 badge.deviceIndependentSize().width(), badge.deviceIndependentSize().height()));
 
     // The blank before the line break is part of the hint as it always read.
     infoTextView_ = new QLabel("Drag the badge bubble \nto your desired location.", root);
@@ -143,8 +143,15 @@ void BadgePositionViewController::viewDidLoad() {
     layOutForViewSize(size);
 }
 
+// The frame is kept with its fractions, from which the drag goes on and the place is stored; the
+// widget sits on whole points.
+void BadgePositionViewController::place(QWidget* view, QRectF& kept, const QRectF& frame) {
+    kept = frame;
+    setFrame(view, frame);
+}
+
 void BadgePositionViewController::layOutForViewSize(QSizeF size) {
-    setFrame(innerView_, squareFrame(size, sender_ ? sender_->iconSize() : 0));
+    place(innerView_, innerFrame_, squareFrame(size, sender_ ? sender_->iconSize() : 0));
     // The hint reaches one point past both edges, so of its rim only the top and bottom show.
     const qreal height = infoTextView_->sizeHint().height();
     setFrame(infoTextView_, QRectF(-1, hintTop(size.width()), size.width() + 2, height));
@@ -164,7 +171,7 @@ void BadgePositionViewController::didRotateFromInterfaceOrientation(int) {
 
 void BadgePositionViewController::touchesBegan(QPointF point) {
     lastPoint_ = point;
-    if (frame(badgeImageView_).contains(point))
+    if (badgeFrame_.contains(point))
         touchingInsideBadge_ = true;
 }
 
@@ -182,20 +189,18 @@ void BadgePositionViewController::touchesEnded() {
 }
 
 void BadgePositionViewController::moveBadgeIfInside(QPointF offset) {
-    const QRectF current = frame(badgeImageView_);
-    const QRectF candidate = current.translated(offset);
-    if (allowedMove(bounds(innerView_), current, candidate))
-        setFrame(badgeImageView_, candidate);
+    const QRectF candidate = badgeFrame_.translated(offset);
+    if (allowedMove(QRectF(QPointF(), innerFrame_.size()), badgeFrame_, candidate))
+        place(badgeImageView_, badgeFrame_, candidate);
 }
 
 void BadgePositionViewController::storeLocation() const {
-    const QRectF icon = frame(iconImageView_);
+    const QRectF& icon = iconFrame_;
     // Without an icon size there is no fraction to store: the stored place is kept.
     if (icon.width() <= 0 || icon.height() <= 0)
         return;
-    const QRectF badge = frame(badgeImageView_);
-    const float dx = float(badge.x() - icon.x());
-    const float dy = float(badge.y() - icon.y());
+    const float dx = float(badgeFrame_.x() - icon.x());
+    const float dy = float(badgeFrame_.y() - icon.y());
     setPreferencesObjectKey(formatFloat(dx / icon.width()) + "," + formatFloat(dy / icon.height()),
                             SettingsKey::badgeLocation);
 }

@@ -47,17 +47,26 @@ public:
     QLabel* iconImageView() const { return iconImageView_; }
     QLabel* badgeImageView() const { return badgeImageView_; }
     QLabel* infoTextView() const { return infoTextView_; }
+    // In points, fractions included (the square of a 60.5-point icon is 181.5 wide): in the
+    // page's coordinates for the square, in the square's for the icon and the badge.
+    QRectF innerFrame() const { return innerFrame_; }
+    QRectF iconFrame() const { return iconFrame_; }
+    QRectF badgeFrame() const { return badgeFrame_; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    static void place(QWidget* view, QRectF& kept, const QRectF& frame);
     void layOutForViewSize(QSizeF size);
     // Moves the badge by the offset when it stays wholly inside the square; otherwise not at all.
     void moveBadgeIfInside(QPointF offset);
     void storeLocation() const;
 
     QWidget* innerView_ = nullptr;
+    QRectF innerFrame_;
+    QRectF iconFrame_;
+    QRectF badgeFrame_;
     QPointF lastPoint_;
     QLabel* badgeImageView_ = nullptr;
     QLabel* iconImageView_ = nullptr;

@@ -53,7 +53,7 @@ protected:
         const auto value = file ? file->lookup("BADGE_LOCATION") : std::nullopt;
         return value ? value->text : "(none)";
     }
-    QRectF badge() const { return frame(editor->badgeImageView()); }
+    QRectF badge() const { return editor->badgeFrame(); }
 
     test::TemporaryDeviceRoot root;
     FakeSender sender;
@@ -68,8 +68,10 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
     open();
     EXPECT_EQ(editor->title(), "Set Position");
     EXPECT_EQ(
-        std::tuple(frame(editor->innerView()), frame(editor->iconImageView()), badge()),
+        std::tuple(editor->innerFrame(), editor->iconFrame(), badge()),
         std::tuple(QRectF(69, 149, 181.5, 181.5), QRectF(60, 60, 60, 60), QRectF(90, 45, 30, 24)));
+    // Placed on whole points, the half rounded up.
+    EXPECT_EQ(editor->innerView()->geometry(), QRect(69, 149, 182, 182));
     EXPECT_FALSE(editor->iconImageView()->pixmap().isNull());
     const QRectF hint = frame(editor->infoTextView());
     EXPECT_EQ(hint, QRectF(-1, 32, 322, hint.height()));
@@ -77,10 +79,10 @@ TEST_F(BadgePosition, SquareOfThreeIconsTruncatedIconBadgeAtStoredFractionsHintA
 
     // A landscape window: the square is centered again, the hint still at a tenth of the width.
     setFrame(editor->view(), QRectF(0, 0, 480, 320));
-    editor->didRotateFromInterfaceOrientation(1);
-    EXPECT_EQ(std::tuple(frame(editor->innerView()).topLeft(), frame(editor->infoTextView()).top(),
-                         badge()),
-              std::tuple(QPointF(149, 69), 48, QRectF(90, 45, 30, 24)));
+    editor->viewDidLayoutSubviews();
+    EXPECT_EQ(
+        std::tuple(editor->innerFrame().topLeft(), frame(editor->infoTextView()).top(), badge()),
+        std::tuple(QPointF(149, 69), 48, QRectF(90, 45, 30, 24)));
 }
 
 TEST_F(BadgePosition, OnlyADragFromTheBadgeMovesItNeverOutOfTheSquareAndItsPlaceIsRestored) {
