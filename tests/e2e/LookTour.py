@@ -3,6 +3,7 @@ input device the display server would have to offer: the page, the font sheet, t
 Restore Defaults and a color grid. Each is photographed by the command given, with {file}
 replaced by the picture's path.
     LookTour.py SHOOT_COMMAND OUTPUT_PREFIX"""
+import os
 import subprocess
 import sys
 import time
@@ -35,11 +36,25 @@ def press(app, name, role):
     action.doAction(0)
 
 
+def same(a, b):
+    result = subprocess.run(["compare", "-metric", "AE", a, b, "null:"], capture_output=True, text=True)
+    return result.stderr.strip() == "0"
+
+
 def shoot(command, prefix, look):
-    # What the window drew last has reached the screen once the server has had a moment.
-    time.sleep(0.4)
-    subprocess.run(command.format(file=f"{prefix}-{look}.png"), shell=True, check=True)
-    print(f"photographed {look}")
+    """Photographs until two pictures in a row agree: what the window drew has then reached the
+    screen, however busy the machine."""
+    file = f"{prefix}-{look}.png"
+    pictures = [f"{prefix}-{look}-{i}.png" for i in range(2)]
+    for attempt in range(60):
+        time.sleep(0.2)
+        subprocess.run(command.format(file=pictures[attempt % 2]), shell=True, check=True)
+        if attempt > 0 and same(*pictures):
+            os.replace(pictures[0], file)
+            os.remove(pictures[1])
+            print(f"photographed {look}")
+            return
+    sys.exit(f"the {look} never kept still on the screen")
 
 
 def main():
