@@ -10,7 +10,7 @@ SCREENSHOT=$out/failure.png
 here=$(cd "$(dirname "$0")" && pwd)
 source "$here/WindowSession.sh"
 
-export POMWICK_ANIMATION_SCALE=0 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+export POMWICK_ANIMATION_SCALE=0 QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 PYTHONDONTWRITEBYTECODE=1
 export XDG_RUNTIME_DIR=$work/runtime
 mkdir -m 700 "$XDG_RUNTIME_DIR" "$work/shots"
 # The window's size in points; X11's screen is taller, as the window keeps clear of its bottom.
