@@ -10,7 +10,7 @@ SettingsListController::SettingsListController(LoadedBundle bundle) : bundle_(st
 
 void SettingsListController::viewDidLoad() {
     setTitle("Settings");
-    setBackgroundColor(view(), Appearance::groupedBackground());
+    setBackgroundColor(view(), Appearance::groupedBackground);
     table_ = new TableView(view());
     setFrame(table_, bounds(view()));
     table_->setDataSource(this);
@@ -35,7 +35,7 @@ QWidget* SettingsListController::viewForFooterInSection(TableView* table, int) {
     auto* label = new QLabel("The settings bundle could not be loaded:\n" + bundle_.error);
     label->setWordWrap(true);
     label->setFont(Appearance::systemFont(13));
-    setTextColor(label, QColor(192, 57, 43));
+    setTextColor(label, Appearance::errorText);
     setFrame(label, QRectF(15, 0, table->rowWidth() - 30, 80));
     return label;
 }

@@ -14,6 +14,7 @@ packages=(
     libqt6svg6 locales-all
     libgmime-3.0-dev python3
     desktop-file-utils appstream
+    weston qt6-wayland
 )
 
 missing=()

@@ -17,6 +17,7 @@ for kind in release sanitize; do
     dir=build; [ "$kind" = sanitize ] && dir=build-sanitize
     echo "== tests ($kind)"
     ctest --test-dir "$dir" --output-on-failure -j 2 --timeout 300
+    if [ "$kind" = release ]; then scripts/wayland.sh; fi
 done
 
 scripts/build.sh fuzz

@@ -65,8 +65,8 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(Qt::black, 1.0));
-        painter.setBrush(Qt::white);
+        painter.setPen(QPen(Appearance::outline(), 1.0));
+        painter.setBrush(Appearance::cellBackground());
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 10, 10);
         if (badge != nullptr && Appearance::showsFocusRing(page_))
             Appearance::drawFocusRing(painter, QRectF(badge->geometry()).adjusted(-4, -4, 4, 4),
@@ -96,7 +96,7 @@ BadgePositionViewController::~BadgePositionViewController() = default;
 void BadgePositionViewController::viewDidLoad() {
     setTitle("Set Position");
     QWidget* root = view();
-    setBackgroundColor(root, QColor::fromRgbF(0.95, 0.95, 0.95));
+    setBackgroundColor(root, Appearance::screenBackground);
     const QSizeF size = sender_ ? sender_->viewBounds().size() : bounds(root).size();
     setFrame(root, QRectF(frame(root).topLeft(), size));
     root->setFocusPolicy(Qt::StrongFocus);
@@ -134,11 +134,8 @@ void BadgePositionViewController::viewDidLoad() {
     infoTextView_->setMargin(8);
     infoTextView_->setFrameStyle(QFrame::Box | QFrame::Plain);
     infoTextView_->setLineWidth(1);
-    infoTextView_->setAutoFillBackground(true);
-    QPalette hint = infoTextView_->palette();
-    hint.setColor(QPalette::Window, Qt::white);
-    hint.setColor(QPalette::WindowText, Qt::black);
-    infoTextView_->setPalette(hint);
+    setBackgroundColor(infoTextView_, Appearance::cellBackground);
+    setTextColor(infoTextView_, Appearance::labelText);
     infoTextView_->setAttribute(Qt::WA_TransparentForMouseEvents);
     layOutForViewSize(size);
 }

@@ -1,5 +1,6 @@
 #include "DQFontPicker.h"
 
+#include "Appearance.h"
 #include "ColorDescription.h"
 #include "FontCatalogue.h"
 #include "QtConversions.h"
@@ -111,7 +112,7 @@ DQFontPicker::DQFontPicker(QWidget* parent) : PickerView(parent) {
     setShowsSelectionIndicator(true);
     setDataSource(this);
     if (modernStyle())
-        setBackgroundColor(this, QColor::fromRgbF(0.98f, 0.98f, 0.98f, 0.98f));
+        setBackgroundColor(this, Appearance::pickerBackground);
     setComponentAccessibleName(int(fontComponentIndex_), QStringLiteral("Font"));
     setComponentAccessibleName(int(sizeComponentIndex_), QStringLiteral("Size"));
     setComponentAccessibleName(int(colorComponentIndex_), QStringLiteral("Color"));

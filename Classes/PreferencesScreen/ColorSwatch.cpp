@@ -1,5 +1,7 @@
 #include "ColorSwatch.h"
 
+#include "Appearance.h"
+
 #include <QPainter>
 
 namespace pomwick {
@@ -11,7 +13,7 @@ void ColorSwatch::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     // Corner radius of half the side, whole points: a circle, clipped to it, with a 1-point rim.
     const qreal radius = width() / 2;
-    painter.setPen(QPen(Qt::black, 1.0));
+    painter.setPen(QPen(Appearance::outline(), 1.0));
     painter.setBrush(color_);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
 }

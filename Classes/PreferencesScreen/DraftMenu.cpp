@@ -16,10 +16,14 @@ DraftMenu::DraftMenu(QWidget* parent) : QMenu(parent) {
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     setFont(Appearance::systemFont(17));
-    setStyleSheet("QMenu { background: white; border: 1px solid #d1d1d6; border-radius: 12px;"
-                  " padding: 6px 0; }"
-                  "QMenu::item { padding: 10px 28px; background: transparent; }"
-                  "QMenu::item:selected { background: #e5e5ea; }");
+    Appearance::follow(this, [this] {
+        setStyleSheet(QString("QMenu { background: %1; border: 1px solid %2; border-radius: 12px;"
+                              " padding: 6px 0; }"
+                              "QMenu::item { padding: 10px 28px; background: transparent; }"
+                              "QMenu::item:selected { background: %3; }")
+                          .arg(Appearance::cellBackground().name(), Appearance::menuBorder().name(),
+                               Appearance::menuSelection().name()));
+    });
 }
 
 QAction* DraftMenu::addDestructiveAction(const QString& text) {
@@ -32,7 +36,7 @@ QAction* DraftMenu::addDestructiveAction(const QString& text) {
 void DraftMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const {
     QMenu::initStyleOption(option, action);
     const QColor color =
-        action->property(destructive).toBool() ? QColor(0xff, 0x3b, 0x30) : Appearance::tint();
+        action->property(destructive).toBool() ? Appearance::destructive() : Appearance::tint();
     for (const auto role :
          {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::HighlightedText})
         option->palette.setColor(role, color);

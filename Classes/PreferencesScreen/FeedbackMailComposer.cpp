@@ -28,13 +28,19 @@ namespace {
 
 constexpr int sheetRadius = 10;
 constexpr int presentMilliseconds = 300;
-const char* const fieldStyle = "QLineEdit { background: transparent; color: black; }";
-const char* const markedFieldStyle = "QLineEdit { background: transparent; color: #ff3b30; }";
+// A field's text is marked red while it is no valid address list (its accessible description
+// says so).
+void styleField(QLineEdit* field) {
+    const bool marked = !field->accessibleDescription().isEmpty();
+    field->setStyleSheet(
+        QString("QLineEdit { background: transparent; color: %1; }")
+            .arg((marked ? Appearance::destructive() : Appearance::labelText()).name()));
+}
 
 QWidget* hairline(QWidget* parent) {
     auto* line = new QWidget(parent);
     line->setFixedHeight(1);
-    setBackgroundColor(line, Appearance::hairline());
+    setBackgroundColor(line, Appearance::hairline);
     return line;
 }
 
@@ -45,11 +51,15 @@ QPushButton* barButton(const QString& title, bool bold, QWidget* parent) {
     button->setAutoDefault(false);
     button->setCursor(Qt::PointingHandCursor);
     button->setFont(Appearance::systemFont(17, bold ? QFont::DemiBold : QFont::Normal));
-    button->setStyleSheet("QPushButton { border: none; color: #007aff; padding: 6px 10px; }"
-                          "QPushButton:disabled { color: #b4b4b8; }"
-                          "QPushButton:focus { background: rgba(0, 122, 255, 0.12);"
-                          " border-radius: 8px; }"
-                          "QPushButton:pressed { color: #80bdff; }");
+    Appearance::follow(button, [button] {
+        button->setStyleSheet(
+            QString("QPushButton { border: none; color: #007aff; padding: 6px 10px; }"
+                    "QPushButton:disabled { color: %1; }"
+                    "QPushButton:focus { background: rgba(0, 122, 255, 0.12);"
+                    " border-radius: 8px; }"
+                    "QPushButton:pressed { color: #80bdff; }")
+                .arg(Appearance::disabledText().name()));
+    });
     return button;
 }
 
@@ -60,12 +70,12 @@ QLineEdit* headerField(const QString& caption, QVBoxLayout* column, QWidget* par
     row->setSpacing(6);
     auto* label = new QLabel(caption, parent);
     label->setFont(Appearance::systemFont(15));
-    setTextColor(label, Appearance::sectionHeaderText());
+    setTextColor(label, Appearance::sectionHeaderText);
     auto* field = new QLineEdit(parent);
     field->setFrame(false);
     field->setFont(Appearance::systemFont(15));
     field->setAccessibleName(caption.chopped(1));
-    field->setStyleSheet(fieldStyle);
+    Appearance::follow(field, [field] { styleField(field); });
     label->setBuddy(field);
     row->addWidget(label);
     row->addWidget(field, 1);
@@ -130,15 +140,18 @@ void FeedbackMailComposer::buildSheet() {
     bodyField_->setFont(Appearance::systemFont(15));
     bodyField_->setAccessibleName("Message");
     bodyField_->setTabChangesFocus(true);
-    bodyField_->setStyleSheet("QPlainTextEdit { background: transparent; color: black;"
-                              " padding: 8px 10px; }");
+    Appearance::follow(bodyField_, [this] {
+        bodyField_->setStyleSheet(QString("QPlainTextEdit { background: transparent; color: %1;"
+                                          " padding: 8px 10px; }")
+                                      .arg(Appearance::labelText().name()));
+    });
     column->addWidget(bodyField_, 1);
     statusLabel_ = new QLabel(sheet_);
     statusLabel_->setFont(Appearance::systemFont(12));
     statusLabel_->setWordWrap(true);
     statusLabel_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusLabel_->setContentsMargins(16, 6, 16, 10);
-    setTextColor(statusLabel_, Appearance::sectionHeaderText());
+    setTextColor(statusLabel_, Appearance::sectionHeaderText);
     statusLabel_->hide();
     column->addWidget(statusLabel_);
 
@@ -179,8 +192,8 @@ void FeedbackMailComposer::checkRecipients() {
     sendButton_->setEnabled(valid && delivery_ == nullptr);
     const bool marked = !valid && !toField_->text().trimmed().isEmpty();
     if (marked == toField_->accessibleDescription().isEmpty()) {
-        toField_->setStyleSheet(marked ? markedFieldStyle : fieldStyle);
         toField_->setAccessibleDescription(marked ? tr("Not a valid address") : QString());
+        styleField(toField_);
     }
 }
 
@@ -259,7 +272,7 @@ void FeedbackMailComposer::paintEvent(QPaintEvent*) {
     const QRectF sheet = sheet_->geometry();
     card.addRoundedRect(sheet.adjusted(0, 0, 0, sheet.bottom() >= height() - 1 ? sheetRadius : 0),
                         sheetRadius, sheetRadius);
-    painter.fillPath(card, Qt::white);
+    painter.fillPath(card, Appearance::cellBackground());
 }
 
 void FeedbackMailComposer::reject() {

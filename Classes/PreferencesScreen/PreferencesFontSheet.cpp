@@ -36,8 +36,8 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(rect(), QColor(247, 247, 248));
-        painter.setPen(QPen(QColor::fromRgbF(1.0 / 3, 1.0 / 3, 1.0 / 3), 1.0));
+        painter.fillRect(rect(), Appearance::sheetBarBackground());
+        painter.setPen(QPen(Appearance::sheetBarRim(), 1.0));
         painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     }
 };
@@ -208,7 +208,7 @@ void PomwickPreferencesViewController::showFontPicker() {
 
     auto* container = new QWidget(root);
     container->setAccessibleName("Font");
-    setBackgroundColor(container, Qt::white);
+    setBackgroundColor(container, Appearance::cellBackground);
     setFrame(container, QRectF(0, viewBounds.height(), viewBounds.width(), sheetHeight));
     setAlpha(container, 0);
     picker->setParent(container);

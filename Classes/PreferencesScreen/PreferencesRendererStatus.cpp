@@ -67,8 +67,8 @@ void PomwickPreferencesViewController::showPreviewUnavailable(bool unavailable) 
         previewUnavailableLabel_->setWordWrap(true);
         previewUnavailableLabel_->setAlignment(Qt::AlignCenter);
         previewUnavailableLabel_->setFont(Appearance::systemFont(12));
-        setBackgroundColor(previewUnavailableLabel_, Qt::white);
-        setTextColor(previewUnavailableLabel_, Appearance::sectionHeaderText());
+        setBackgroundColor(previewUnavailableLabel_, Appearance::cellBackground);
+        setTextColor(previewUnavailableLabel_, Appearance::sectionHeaderText);
     }
     const QRectF header = frame(tableHeaderView_);
     const qreal top = frame(iconImageView_).bottom() + 4;

@@ -1,4 +1,5 @@
 // What selecting a row does: open an editor, restore the defaults or open an outside page.
+#include "Appearance.h"
 #include "ColorPalette.h"
 #include "ColorPickerController.h"
 #include "ColorText.h"
@@ -62,7 +63,7 @@ void PomwickPreferencesViewController::pushColorGrid(int gridTag) {
     grid->setHighlightSelection(true);
     grid->setSelectionBorderColor(Color::white());
     grid->setColors(*masterColorsArray_);
-    setBackgroundColor(grid, Qt::white);
+    setBackgroundColor(grid, Appearance::cellBackground);
     grid->setAccessibleName(gridTag == backgroundGridTag ? "Background colors" : "Border colors");
 
     auto* controller = new ColorPickerController;

@@ -14,7 +14,7 @@ PomwickPreferencesViewController::~PomwickPreferencesViewController() = default;
 
 void PomwickPreferencesViewController::viewDidLoad() {
     QWidget* root = view();
-    setBackgroundColor(root, QColor::fromRgbF(0.95, 0.95, 0.95));
+    setBackgroundColor(root, Appearance::screenBackground);
     setTitle("Pomwick");
 
     const QRectF viewFrame = frame(root);
@@ -36,7 +36,7 @@ void PomwickPreferencesViewController::viewDidLoad() {
     setFrame(infoLabel_, QRectF(0, 0, viewFrame.width(), 30));
     infoLabel_->setFont(Appearance::systemFont(18));
     infoLabel_->setAlignment(Qt::AlignCenter);
-    setBackgroundColor(infoLabel_, Qt::white);
+    setBackgroundColor(infoLabel_, Appearance::cellBackground);
 
     iconImageView_ = new QLabel(tableHeaderView_);
     iconImageView_->setScaledContents(true);
@@ -49,7 +49,7 @@ void PomwickPreferencesViewController::viewDidLoad() {
         iconImageView_->setPixmap(QPixmap::fromImage(icon));
     describePreview(SettingsSnapshot());
 
-    Appearance::setSegmentedControlTint(Qt::black);
+    Appearance::setSegmentedControlTint(Appearance::controlTint());
     setRightBarButtonItem({"Respring", [this] {
                                respring();
                            }});

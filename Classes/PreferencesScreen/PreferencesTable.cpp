@@ -98,7 +98,7 @@ QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView*, in
     setFrame(label, labelFrame);
     label->setAlignment(Qt::AlignCenter);
     label->setFont(Appearance::systemFont(13));
-    setTextColor(label, QColor(170, 170, 170));
+    setTextColor(label, Appearance::footnoteText);
     return footer;
 }
 
@@ -188,7 +188,7 @@ TableViewCell* PomwickPreferencesViewController::enabledCell() {
     TableViewCell* cell = makeCell("Cell1", "Enabled:", "Enabled.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* toggle = new Switch(cell);
-    toggle->setOnTintColor(Qt::black);
+    Appearance::follow(toggle, [toggle] { toggle->setOnTintColor(Appearance::controlTint()); });
     toggle->setOn(rowSettings().enabled(), false);
     toggle->setAccessibleName("Enabled");
     setFrame(toggle, RowGeometry::switchFrame(cellSize(cell), QSizeF(Switch::size)));
@@ -203,7 +203,7 @@ TableViewCell* PomwickPreferencesViewController::visibilityCell() {
     auto* control = new SegmentedControl({"Hide", "Show"}, cell);
     control->setSelectedSegmentIndex(rowSettings().badgeVisible() ? 1 : 0);
     control->setEnabled(enabled);
-    control->setTintColor(Qt::black);
+    Appearance::follow(control, [control] { control->setTintColor(Appearance::controlTint()); });
     control->setAccessibleName("Visibility");
     setFrame(control, RowGeometry::segmentedControlFrame(cellSize(cell)));
     connect(control, &SegmentedControl::valueChanged, this,

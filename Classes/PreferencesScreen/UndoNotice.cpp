@@ -69,7 +69,7 @@ void UndoNotice::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 204));
+    painter.setBrush(Appearance::noticeBackground(0.8));
     painter.drawRoundedRect(QRectF(rect()), 10, 10);
 }
 

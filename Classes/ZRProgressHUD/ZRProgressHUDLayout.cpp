@@ -1,4 +1,5 @@
 // The notice's layout (indicator, label and details stacked in a centered panel) and drawing.
+#include "Appearance.h"
 #include "NoticePanel.h"
 #include "TextDrawing.h"
 #include "ViewGeometry.h"
@@ -122,7 +123,8 @@ void ZRProgressHUD::layoutSubviews() {
         setFrame(indicator_, indicatorFrame.translated(-panelOrigin));
     setFrame(label_, labelFrame.translated(-panelOrigin));
     setFrame(detailsLabel_, detailsFrame.translated(-panelOrigin));
-    panel_->setFill(color_.isValid() ? color_ : QColor::fromRgbF(0, 0, 0, opacity_), cornerRadius_);
+    panel_->setFill(color_.isValid() ? color_ : Appearance::noticeBackground(opacity_),
+                    cornerRadius_);
 }
 
 void ZRProgressHUD::paintEvent(QPaintEvent*) {

@@ -92,4 +92,5 @@ def main():
     print("toggled the switch")
 
 
-main()
+if __name__ == "__main__":
+    main()

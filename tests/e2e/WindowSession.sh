@@ -15,8 +15,8 @@ trap cleanup EXIT
 
 fail() {
     echo "FAIL: $*" >&2
-    import -display "$DISPLAY" -window root "${SCREENSHOT%.png}-failure.png" 2>/dev/null || true
-    kill -0 "${xserver:-0}" 2>/dev/null || echo "the X server on $DISPLAY has gone:" >&2
+    import -display "${DISPLAY:-}" -window root "${SCREENSHOT%.png}-failure.png" 2>/dev/null || true
+    kill -0 "${xserver:-0}" 2>/dev/null || echo "the X server on ${DISPLAY:-} has gone:" >&2
     for log in "$work"/*.log; do
         [ -s "$log" ] && { echo "$(basename "$log" .log):" >&2; cat "$log" >&2; }
     done

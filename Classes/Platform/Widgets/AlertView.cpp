@@ -49,7 +49,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(Qt::white);
+        painter.setBrush(Appearance::cellBackground());
         painter.drawRoundedRect(QRectF(rect()), panelRadius, panelRadius);
         const qreal line = Appearance::hairlineWidth(painter);
         painter.fillRect(QRectF(0, buttons_->y() - line, width(), line), Appearance::hairline());
@@ -65,7 +65,7 @@ QLabel* centredLabel(const QString& text, const QFont& font) {
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignCenter);
     label->setContentsMargins(16, 0, 16, 0);
-    setTextColor(label, Qt::black);
+    setTextColor(label, Appearance::labelText);
     return label;
 }
 
@@ -90,7 +90,7 @@ void dressAsPanel(QMessageBox* box, const QString& title, const QString& message
     auto* around = new QVBoxLayout(box);
     around->setContentsMargins(16, 16, 16, 16);
     around->addWidget(panel);
-    setBackgroundColor(box, Appearance::groupedBackground());
+    setBackgroundColor(box, Appearance::groupedBackground);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ScrollIndicator.h"
 
 #include "Animations.h"
+#include "Appearance.h"
 
 #include <QAbstractScrollArea>
 #include <QEvent>
@@ -86,7 +87,7 @@ void ScrollIndicator::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(opacity_);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 110));
+    painter.setBrush(Appearance::scrollIndicator());
     const qreal radius = width() / 2.0;
     painter.drawRoundedRect(QRectF(rect()), radius, radius);
 }

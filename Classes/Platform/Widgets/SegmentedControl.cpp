@@ -128,7 +128,7 @@ void SegmentedControl::paintEvent(QPaintEvent*) {
         const QRectF segment = segmentRect(i);
         if (i == selected)
             painter.fillRect(segment, tint_);
-        painter.setPen(i == selected ? QColor(Qt::white) : tint_);
+        painter.setPen(i == selected ? Appearance::cellBackground() : tint_);
         painter.drawText(segment, Qt::AlignCenter, button->text());
         if (i > 0)
             painter.fillRect(QRectF(segment.left() - 0.5, area.top(), 1, area.height()), tint_);

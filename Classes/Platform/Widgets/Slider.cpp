@@ -107,7 +107,7 @@ void Slider::paintEvent(QPaintEvent*) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(Appearance::tint());
     painter.drawRoundedRect(QRectF(2, middle - 1.5, center - 2, 3), 1.5, 1.5);
-    painter.setBrush(QColor(182, 182, 182));
+    painter.setBrush(Appearance::sliderTrack());
     painter.drawRoundedRect(QRectF(center, middle - 1.5, width() - center - 2, 3), 1.5, 1.5);
     const QRectF thumb(center - thumbDiameter / 2, middle - thumbDiameter / 2, thumbDiameter,
                        thumbDiameter);

@@ -32,8 +32,8 @@ void Switch::paintEvent(QPaintEvent*) {
         painter.setOpacity(0.5);
     const QRectF track = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     const qreal radius = track.height() / 2;
-    painter.setPen(isOn() ? Qt::NoPen : QPen(QColor(229, 229, 234), 1.5));
-    painter.setBrush(isOn() ? onTint_ : QColor(Qt::white));
+    painter.setPen(isOn() ? Qt::NoPen : QPen(Appearance::switchRim(), 1.5));
+    painter.setBrush(isOn() ? onTint_ : Appearance::cellBackground());
     painter.drawRoundedRect(track, radius, radius);
     const qreal knob = track.height() - 4;
     const QRectF thumb(isOn() ? track.right() - knob - 2 : track.left() + 2, track.top() + 2, knob,

@@ -143,7 +143,7 @@ void TableView::reloadData() {
         if (!title.isEmpty()) {
             built.title = new QLabel(title.toUpper(), content_);
             built.title->setFont(Appearance::systemFont(13));
-            setTextColor(built.title, Appearance::sectionHeaderText());
+            setTextColor(built.title, Appearance::sectionHeaderText);
         }
         const int rows = dataSource_->numberOfRowsInSection(this, section);
         for (int row = 0; row < rows; ++row) {

@@ -130,7 +130,8 @@ void TableViewCell::layoutContent() {
 void TableViewCell::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool lit = (highlighted_ || isDown()) && selectionStyle_ != SelectionStyle::None;
-    painter.fillRect(rect(), lit ? Appearance::selectedCellBackground() : QColor(Qt::white));
+    painter.fillRect(rect(),
+                     lit ? Appearance::selectedCellBackground() : Appearance::cellBackground());
     if (separatorInset_) {
         const qreal line = Appearance::hairlineWidth(painter);
         painter.fillRect(

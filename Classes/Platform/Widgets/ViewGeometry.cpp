@@ -1,5 +1,7 @@
 #include "ViewGeometry.h"
 
+#include "Appearance.h"
+
 #include <QGraphicsOpacityEffect>
 #include <QPalette>
 #include <cmath>
@@ -88,6 +90,16 @@ void setTextColor(QWidget* view, const QColor& color) {
 
 QColor textColor(const QWidget* view) {
     return view->palette().color(QPalette::WindowText);
+}
+
+void setBackgroundColor(QWidget* view, QColor (*lookup)()) {
+    Appearance::follow(
+        view, [view, lookup] { setBackgroundColor(view, lookup()); }, "background");
+}
+
+void setTextColor(QWidget* view, QColor (*lookup)()) {
+    Appearance::follow(
+        view, [view, lookup] { setTextColor(view, lookup()); }, "text");
 }
 
 } // namespace pomwick

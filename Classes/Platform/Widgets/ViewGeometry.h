@@ -26,5 +26,8 @@ POMWICK_PLATFORM_EXPORT void setBackgroundColor(QWidget* view, const QColor& col
 // The color of a label's or a field's text.
 POMWICK_PLATFORM_EXPORT void setTextColor(QWidget* view, const QColor& color);
 POMWICK_PLATFORM_EXPORT QColor textColor(const QWidget* view);
+// The same by one of Appearance's colors, looked up again whenever the look turns light or dark.
+POMWICK_PLATFORM_EXPORT void setBackgroundColor(QWidget* view, QColor (*lookup)());
+POMWICK_PLATFORM_EXPORT void setTextColor(QWidget* view, QColor (*lookup)());
 
 } // namespace pomwick
