@@ -23,7 +23,7 @@ std::unique_ptr<DQFontPicker> pickerWithFaces(QStringList faces) {
 
 std::unique_ptr<QLabel> rowView(DQFontPicker& picker, int row, int component) {
     return std::unique_ptr<QLabel>(
-        qobject_cast<QLabel*>(picker.viewForRow(&picker, row, component, nullptr)));
+        qobject_cast<QLabel*>(picker.viewForRow(picker.view(), row, component, nullptr)));
 }
 
 TEST(DQFontPicker, ColorWheelRunsDownToBlackAndAColorSetBeforeTheBuildGetsARowAfterItTheNearest) {
@@ -131,12 +131,12 @@ TEST(DQFontPicker, TheFontWheelTakesTheWidthTheNarrowWheelsLeave) {
     DQFontPicker picker;
     for (const auto& [width, fontWheel, fontLabel] :
          {std::tuple<int, qreal, int>{320, 158, 138}, {200, 66, 46}}) {
-        picker.resize(width, 216);
-        EXPECT_EQ(picker.widthForComponent(&picker, 0), fontWheel);
+        picker.view()->resize(width, 216);
+        EXPECT_EQ(picker.widthForComponent(picker.view(), 0), fontWheel);
         EXPECT_EQ(rowView(picker, 0, 0)->width(), fontLabel);
     }
-    EXPECT_EQ(picker.widthForComponent(&picker, 2), 66);
-    EXPECT_EQ(picker.rowHeightForComponent(&picker, 1), 30);
+    EXPECT_EQ(picker.widthForComponent(picker.view(), 2), 66);
+    EXPECT_EQ(picker.rowHeightForComponent(picker.view(), 1), 30);
 }
 
 TEST(DQFontPicker, RowsShowAndNameTheirFaceTheirSizeAndTheirColor) {
@@ -156,8 +156,8 @@ TEST(DQFontPicker, RowsShowAndNameTheirFaceTheirSizeAndTheirColor) {
     EXPECT_EQ(color->palette().color(QPalette::WindowText), QColor(Qt::black));
 
     // Wheels read as lists of rows named by their face, size and color, whatever the sample.
-    picker->resize(320, 216);
-    picker->show();
+    picker->view()->resize(320, 216);
+    picker->view()->show();
     QAccessibleInterface* fonts = QAccessible::queryAccessibleInterface(picker->wheel(0));
     ASSERT_NE(fonts, nullptr);
     EXPECT_EQ(fonts->role(), QAccessible::List);
@@ -179,7 +179,7 @@ TEST(DQFontPicker, AUserPickUpdatesTheValueAndCallsTheHandlerOnce) {
     EXPECT_EQ(changes, 0) << "selecting from code is no pick";
     for (int component : {1, 2}) {
         picker.selectRow(3, component, false);
-        picker.didSelectRow(&picker, 3, component);
+        picker.didSelectRow(picker.view(), 3, component);
     }
     EXPECT_EQ(std::tuple(changes, picker.fontSize(), picker.color()),
               std::tuple(2, 14, picker.colorList()[3]));
