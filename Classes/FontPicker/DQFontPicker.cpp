@@ -53,11 +53,15 @@ DQFontPicker::DQFontPicker(QWidget* parent)
 }
 
 DQFontPicker::~DQFontPicker() {
-    delete view_;
+    if (view_ != nullptr) {
+        view_->removeEventFilter(this);
+        delete view_.data();
+    }
 }
 
+// The type first: a view being torn down still sends events, and is no picker view by then.
 bool DQFontPicker::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == view_ && event->type() == QEvent::Show)
+    if (event->type() == QEvent::Show && watched == view_)
         loadedView();
     return QObject::eventFilter(watched, event);
 }
