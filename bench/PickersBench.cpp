@@ -70,9 +70,9 @@ void FontPickerToFirstFrame(benchmark::State& state) {
         DQFontPicker picker(&window);
         picker.setFont(font);
         picker.setColor(Color{0.2f, 0.4f, 0.6f, 1});
-        picker.resize(320, 216);
-        picker.show();
-        picker.repaint();
+        picker.view()->resize(320, 216);
+        picker.view()->show();
+        picker.view()->repaint();
     }
 }
 

@@ -169,21 +169,19 @@ void PomwickPreferencesViewController::showFontPicker() {
 
     auto* picker = new DQFontPicker;
     fontPicker_ = picker;
-    const qreal pickerHeight = frame(picker).height();
-    setFrame(picker, QRectF(0, toolbarHeight, frame(root).width(), pickerHeight));
+    const qreal pickerHeight = frame(picker->view()).height();
+    setFrame(picker->view(), QRectF(0, toolbarHeight, frame(root).width(), pickerHeight));
     const auto font = getBadgeFont();
     picker->selectFontName(font ? QString::fromStdString(font->name) : QString(), false);
     picker->selectFontSize(getBadgeFontSize(), false);
     picker->selectColor(getBadgeFontColor(), false);
     // Every turn of a wheel is stored at once; the preview follows when the sheet closes.
-    picker->setChangeHandler([weak = QPointer<DQFontPicker>(picker)] {
-        if (!weak)
-            return;
-        if (const auto chosen = weak->font()) {
+    connect(picker, &DQFontPicker::changed, picker, [picker] {
+        if (const auto chosen = picker->font()) {
             setPreferencesObjectKey(chosen->name, SettingsKey::badgeFont);
             setPreferencesObjectKey(formatInt(int32_t(chosen->size)), SettingsKey::badgeFontSize);
         }
-        if (const auto color = weak->color())
+        if (const auto color = picker->color())
             setPreferencesObjectKey(storedColorText(*color), SettingsKey::badgeFontColor);
     });
 
@@ -212,6 +210,7 @@ void PomwickPreferencesViewController::showFontPicker() {
     setFrame(container, QRectF(0, viewBounds.height(), viewBounds.width(), sheetHeight));
     setAlpha(container, 0);
     picker->setParent(container);
+    picker->view()->setParent(container);
     toolbar->setParent(container);
     // Taps on the sheet are ignored until it has arrived.
     setTakesTouches(container, false);
@@ -230,7 +229,7 @@ void PomwickPreferencesViewController::showFontPicker() {
               setTakesTouches(container, true);
               // The keyboard follows the sheet: its first wheel, then Tab to the others and Done.
               QWidget* firstWheel = picker->wheel(0);
-              (firstWheel ? firstWheel : static_cast<QWidget*>(picker))
+              (firstWheel ? firstWheel : static_cast<QWidget*>(picker->view()))
                   ->setFocus(Qt::OtherFocusReason);
           });
 }

@@ -85,7 +85,8 @@ void PomwickPreferencesViewController::viewDidLayoutSubviews() {
         const qreal sheetHeight = frame(fontContainerView_).height();
         setFrame(fontContainerView_,
                  QRectF(0, viewBounds.height() - sheetHeight, viewBounds.width(), sheetHeight));
-        setFrame(fontPicker_, QRectF(0, 44, viewBounds.width(), frame(fontPicker_).height()));
+        setFrame(fontPicker_->view(),
+                 QRectF(0, 44, viewBounds.width(), frame(fontPicker_->view()).height()));
         setFrame(doneToolbar_, QRectF(0, 0, viewBounds.width(), 44));
         // The tap catcher follows too, so that no part of the table is left uncovered.
         if (dimmingView_)

@@ -1,9 +1,11 @@
 #include "DQFontPicker.h"
 
 #include "PickerWheel.h"
+#include "QtConversions.h"
 
 #include <QAccessible>
 #include <QLabel>
+#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
@@ -23,7 +25,7 @@ std::unique_ptr<DQFontPicker> pickerWithFaces(QStringList faces) {
 
 std::unique_ptr<QLabel> rowView(DQFontPicker& picker, int row, int component) {
     return std::unique_ptr<QLabel>(
-        qobject_cast<QLabel*>(picker.viewForRow(&picker, row, component, nullptr)));
+        qobject_cast<QLabel*>(picker.viewForRow(picker.view(), row, component, nullptr)));
 }
 
 TEST(DQFontPicker, ColorWheelRunsDownToBlackAndAColorSetBeforeTheBuildGetsARowAfterItTheNearest) {
@@ -131,17 +133,39 @@ TEST(DQFontPicker, TheFontWheelTakesTheWidthTheNarrowWheelsLeave) {
     DQFontPicker picker;
     for (const auto& [width, fontWheel, fontLabel] :
          {std::tuple<int, qreal, int>{320, 158, 138}, {200, 66, 46}}) {
-        picker.resize(width, 216);
-        EXPECT_EQ(picker.widthForComponent(&picker, 0), fontWheel);
+        picker.view()->resize(width, 216);
+        EXPECT_EQ(picker.widthForComponent(picker.view(), 0), fontWheel);
         EXPECT_EQ(rowView(picker, 0, 0)->width(), fontLabel);
     }
-    EXPECT_EQ(picker.widthForComponent(&picker, 2), 66);
-    EXPECT_EQ(picker.rowHeightForComponent(&picker, 1), 30);
+    EXPECT_EQ(picker.widthForComponent(picker.view(), 2), 66);
+    EXPECT_EQ(picker.rowHeightForComponent(picker.view(), 1), 30);
 }
 
 TEST(DQFontPicker, RowsShowAndNameTheirFaceTheirSizeAndTheirColor) {
     auto picker = pickerWithFaces({"DejaVuSans", "Zapfino", "DejaVuSerif"});
     picker->setSizeList({8, 13.5f});
+    // Wheels read as lists of rows named by their face, size and color, whatever the sample.
+    PickerView* view = picker->view();
+    view->resize(320, 216);
+    view->show();
+    QAccessibleInterface* fonts = QAccessible::queryAccessibleInterface(view->wheel(0));
+    ASSERT_NE(fonts, nullptr);
+    EXPECT_EQ(fonts->role(), QAccessible::List);
+    EXPECT_EQ(fonts->text(QAccessible::Name), "Font");
+    ASSERT_EQ(fonts->childCount(), 3) << "the lists are on the wheels once they show";
+    EXPECT_EQ(fonts->child(1)->text(QAccessible::Name), "DejaVuSerif");
+    QAccessibleInterface* sizes = QAccessible::queryAccessibleInterface(view->wheel(1));
+    EXPECT_EQ(sizes->child(0)->text(QAccessible::Name), "8");
+    QAccessibleInterface* colors = QAccessible::queryAccessibleInterface(view->wheel(2));
+    EXPECT_EQ(colors->child(124)->text(QAccessible::Name), "red 0% green 0% blue 0%");
+
+    // The color under the band is painted solid; the next row down is already fading.
+    picker->setColor(Color{1, 0, 0, 1});
+    const QImage shot = view->grab().toImage();
+    const size_t red = size_t(picker->indexForColor(Color{1, 0, 0, 1}));
+    EXPECT_EQ(shot.pixelColor(277, 108), QColor(Qt::red));
+    EXPECT_NE(shot.pixel(277, 138), toQColor(picker->colorList()[red + 1]).rgb());
+
     EXPECT_EQ(rowView(*picker, 0, 1)->text(), " 8");
     EXPECT_EQ(rowView(*picker, 1, 1)->text(), "13.5");
     EXPECT_EQ(rowView(*picker, 0, 0)->font().pixelSize(), 18);
@@ -149,25 +173,12 @@ TEST(DQFontPicker, RowsShowAndNameTheirFaceTheirSizeAndTheirColor) {
     EXPECT_EQ(rowView(*picker, 1, 0)->text(), "DejaVuSerif");
     picker->setText(QStringLiteral("Sample"));
     EXPECT_EQ(rowView(*picker, 1, 0)->text(), "Sample");
+    EXPECT_EQ(fonts->child(1)->text(QAccessible::Name), "DejaVuSerif");
 
     const auto color = rowView(*picker, 124, 2);
     EXPECT_EQ(color->text(), QString::fromUtf8("\u2588\u2588"));
     EXPECT_EQ(color->palette().color(QPalette::Window), QColor(Qt::black));
     EXPECT_EQ(color->palette().color(QPalette::WindowText), QColor(Qt::black));
-
-    // Wheels read as lists of rows named by their face, size and color, whatever the sample.
-    picker->resize(320, 216);
-    picker->show();
-    QAccessibleInterface* fonts = QAccessible::queryAccessibleInterface(picker->wheel(0));
-    ASSERT_NE(fonts, nullptr);
-    EXPECT_EQ(fonts->role(), QAccessible::List);
-    EXPECT_EQ(fonts->text(QAccessible::Name), "Font");
-    ASSERT_EQ(fonts->childCount(), 3);
-    EXPECT_EQ(fonts->child(1)->text(QAccessible::Name), "DejaVuSerif");
-    QAccessibleInterface* sizes = QAccessible::queryAccessibleInterface(picker->wheel(1));
-    EXPECT_EQ(sizes->child(0)->text(QAccessible::Name), "8");
-    QAccessibleInterface* colors = QAccessible::queryAccessibleInterface(picker->wheel(2));
-    EXPECT_EQ(colors->child(124)->text(QAccessible::Name), "red 0% green 0% blue 0%");
 }
 
 // Real input turning the wheels is driven end to end; here the picker's side of a pick.
@@ -175,14 +186,16 @@ TEST(DQFontPicker, AUserPickUpdatesTheValueAndCallsTheHandlerOnce) {
     DQFontPicker picker;
     int changes = 0;
     picker.setChangeHandler([&] { ++changes; });
+    QSignalSpy changed(&picker, &DQFontPicker::changed);
     picker.selectFontSize(12, false);
     EXPECT_EQ(changes, 0) << "selecting from code is no pick";
-    for (int component : {1, 2}) {
-        picker.selectRow(3, component, false);
-        picker.didSelectRow(&picker, 3, component);
-    }
-    EXPECT_EQ(std::tuple(changes, picker.fontSize(), picker.color()),
-              std::tuple(2, 14, picker.colorList()[3]));
+    picker.selectRow(3, 2, false);
+    picker.didSelectRow(picker.view(), 3, 2);
+    // A key on the size wheel is a pick that reaches the picker.
+    picker.view()->show();
+    QTest::keyClick(picker.view()->wheel(1), Qt::Key_Down);
+    EXPECT_EQ(std::tuple(changes, changed.count(), picker.fontSize(), picker.color()),
+              std::tuple(2, 2, 14, picker.colorList()[3]));
 }
 
 } // namespace

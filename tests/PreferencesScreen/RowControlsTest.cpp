@@ -46,7 +46,7 @@ protected:
     void turn(int component, int row) {
         DQFontPicker* picker = screen->fontPicker();
         picker->selectRow(row, component, false);
-        picker->didSelectRow(picker, row, component);
+        picker->didSelectRow(picker->view(), row, component);
     }
 };
 using FontSheet = RowControls;
@@ -114,7 +114,7 @@ TEST_F(FontSheet, SlidesUpBelowItsBarOverAClearTapCatcherWithTheStoredValuesChos
     EXPECT_EQ(frame(sheet()), QRectF(0, 623, 375, 260));
     EXPECT_FALSE(takesTouches());
     EXPECT_EQ(frame(screen->doneToolbar()), QRectF(-1, 0, 377, 44));
-    EXPECT_EQ(frame(screen->fontPicker()), QRectF(0, 44, 375, 216));
+    EXPECT_EQ(frame(screen->fontPicker()->view()), QRectF(0, 44, 375, 216));
     EXPECT_EQ(frame(screen->dimmingView()), QRectF(0, 0, 375, 363));
     EXPECT_EQ(screen->fontPicker()->fontSize(), 24);
     EXPECT_EQ(screen->fontPicker()->color(), getBadgeFontColor());
@@ -161,7 +161,7 @@ TEST_F(FontSheet, EveryWheelChangeStoresAndOpenedTwiceClosedEarlyOrResizedItStay
     screen->updateUI();
     EXPECT_EQ(frame(sheet()), QRectF(0, 140, 500, 260));
     EXPECT_EQ(frame(screen->dimmingView()), QRectF(0, 0, 500, 140));
-    EXPECT_EQ(frame(screen->fontPicker()).width(), 500);
+    EXPECT_EQ(frame(screen->fontPicker()->view()).width(), 500);
     // Done closes it whole; Escape and taps above it are for the real window's tests.
     sliding = sheet();
     dimming = screen->dimmingView();

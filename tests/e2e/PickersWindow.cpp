@@ -41,11 +41,11 @@ int main(int argc, char** argv) {
     auto* layout = new QVBoxLayout(&window);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(12);
-    auto* fonts = new DQFontPicker;
-    fonts->setFixedSize(320, 216);
+    auto* fonts = new DQFontPicker(&window);
+    fonts->view()->setFixedSize(320, 216);
     fonts->setFont(Font{"DejaVuSans", 14, {}, {}, {}});
     fonts->setColor(Color{1, 0, 0, 1});
-    fonts->setChangeHandler([fonts] {
+    QObject::connect(fonts, &DQFontPicker::changed, fonts, [fonts] {
         std::printf("changed %s %g\n", qPrintable(fonts->fontName()), fonts->fontSize());
     });
     auto* grid = new LJColorPickerView;
@@ -53,7 +53,7 @@ int main(int argc, char** argv) {
     Printer printer;
     grid->setDelegate(&printer);
     grid->setColors(palette());
-    layout->addWidget(fonts);
+    layout->addWidget(fonts->view());
     layout->addWidget(grid);
     window.show();
     return app.exec();

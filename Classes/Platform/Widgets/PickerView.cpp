@@ -1,103 +1,74 @@
 #include "PickerView.h"
 
+#include "PickerRowDelegate.h"
 #include "PickerWheel.h"
 
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace pomwick {
 namespace {
 
-constexpr qreal sideMargin = 10;
 constexpr qreal bandMargin = 8;
 constexpr qreal bandRadius = 8;
 const QColor bandColor(118, 118, 128, 36);
 
-qreal length(qreal value) {
-    return std::isfinite(value) ? std::max(value, 0.0) : 0.0;
-}
-
 } // namespace
 
-qreal PickerViewDataSource::widthForComponent(PickerView* picker, int) {
-    const int components = std::max(picker->numberOfComponents(), 1);
-    return (picker->width() - 2 * sideMargin - PickerView::componentSpacing * (components - 1)) /
-           components;
-}
-
-PickerView::PickerView(QWidget* parent) : QWidget(parent) {
+PickerView::PickerView(QWidget* parent) : QWidget(parent), delegate_(new PickerRowDelegate(this)) {
     resize(sizeHint());
 }
 
-PickerView::~PickerView() {
-    // Wheels ask their data source while they are torn down; it may be this object, half gone.
-    dataSource_ = nullptr;
-    qDeleteAll(std::exchange(wheels_, {}));
+PickerWheel* PickerView::addComponent(QAbstractItemModel* model) {
+    auto* wheel = new PickerWheel(this);
+    wheel->setItemDelegate(delegate_);
+    wheel->setRowHeight(rowHeight_);
+    wheel->setModel(model);
+    const int component = numberOfComponents();
+    connect(wheel, &PickerWheel::rowPicked, this,
+            [this, component](int row) { emit rowPicked(row, component); });
+    setTabOrder(components_.empty() ? static_cast<QWidget*>(this) : components_.back().wheel,
+                wheel);
+    components_.push_back({wheel, 0, true});
+    wheel->setVisible(true);
+    layoutWheels();
+    return wheel;
 }
 
-void PickerView::setDataSource(PickerViewDataSource* dataSource) {
-    dataSource_ = dataSource;
-    loaded_ = false;
-    qDeleteAll(std::exchange(wheels_, {}));
-    if (isVisible())
-        ensureComponents();
-}
-
-void PickerView::ensureComponents() {
-    if (loaded_ || dataSource_ == nullptr)
+void PickerView::setComponentWidth(int component, qreal width, bool stretches) {
+    if (component < 0 || component >= numberOfComponents())
         return;
-    loaded_ = true;
-    const int components = std::max(0, dataSource_->numberOfComponentsInPickerView(this));
-    QWidget* previous = this;
-    for (int component = 0; component < components; ++component) {
-        auto* wheel = new PickerWheel(this, component);
-        wheel->setRowHeight(dataSource_->rowHeightForComponent(this, component));
-        wheels_.push_back(wheel);
-        wheel->show();
-        setTabOrder(previous, wheel);
-        previous = wheel;
-    }
+    components_[size_t(component)] = {components_[size_t(component)].wheel,
+                                      std::isfinite(width) ? std::max(width, 0.0) : 0, stretches};
     layoutWheels();
 }
 
-int PickerView::numberOfComponents() {
-    ensureComponents();
-    return int(wheels_.size());
+PickerWheel* PickerView::wheel(int component) const {
+    return component >= 0 && component < numberOfComponents() ? components_[size_t(component)].wheel
+                                                              : nullptr;
 }
 
-PickerWheel* PickerView::wheel(int component) {
-    ensureComponents();
-    return component >= 0 && component < int(wheels_.size()) ? wheels_[size_t(component)] : nullptr;
-}
-
-int PickerView::numberOfRowsInComponent(int component) {
-    PickerWheel* shown = wheel(component);
-    return shown != nullptr ? shown->numberOfRows() : 0;
-}
-
-void PickerView::reloadAllComponents() {
-    ensureComponents();
-    for (PickerWheel* shown : wheels_)
-        shown->reload();
-    layoutWheels();
-}
-
-void PickerView::reloadComponent(int component) {
-    if (PickerWheel* shown = wheel(component))
-        shown->reload();
+int PickerView::numberOfRowsInComponent(int component) const {
+    const PickerWheel* shown = wheel(component);
+    return shown != nullptr && shown->model() != nullptr ? shown->model()->rowCount() : 0;
 }
 
 void PickerView::selectRow(int row, int component, bool animated) {
-    PickerWheel* shown = wheel(component);
-    if (shown != nullptr && row >= 0 && row < shown->numberOfRows())
-        shown->moveToRow(row, animated, false);
+    if (row >= 0 && row < numberOfRowsInComponent(component))
+        wheel(component)->moveToRow(row, animated, false);
 }
 
-int PickerView::selectedRowInComponent(int component) {
-    PickerWheel* shown = wheel(component);
+int PickerView::selectedRowInComponent(int component) const {
+    const PickerWheel* shown = wheel(component);
     return shown != nullptr ? shown->selectedRow() : -1;
+}
+
+void PickerView::setRowHeight(qreal height) {
+    rowHeight_ = height;
+    for (const Component& each : components_)
+        each.wheel->setRowHeight(height);
+    update();
 }
 
 void PickerView::setShowsSelectionIndicator(bool shows) {
@@ -105,50 +76,45 @@ void PickerView::setShowsSelectionIndicator(bool shows) {
     update();
 }
 
-void PickerView::setComponentAccessibleName(int component, const QString& name) {
-    if (PickerWheel* shown = wheel(component))
-        shown->setAccessibleName(name);
-}
-
 // The wheels stand side by side, centered, a small gap apart, each as tall as the picker.
 void PickerView::layoutWheels() {
-    if (dataSource_ == nullptr || wheels_.empty())
+    if (components_.empty())
         return;
+    qreal spare = width() - 2 * sideMargin - componentSpacing * qreal(components_.size() - 1);
+    int stretching = 0;
+    for (const Component& each : components_) {
+        if (each.stretches)
+            ++stretching;
+        else
+            spare -= each.width;
+    }
+    qreal total = componentSpacing * qreal(components_.size() - 1);
     std::vector<qreal> widths;
-    for (int component = 0; component < int(wheels_.size()); ++component)
-        widths.push_back(length(dataSource_->widthForComponent(this, component)));
-    qreal total = componentSpacing * qreal(wheels_.size() - 1);
-    for (qreal width : widths)
-        total += width;
+    for (const Component& each : components_) {
+        widths.push_back(each.stretches ? std::max(spare / stretching, each.width) : each.width);
+        total += widths.back();
+    }
     qreal x = (width() - total) / 2;
-    for (size_t component = 0; component < wheels_.size(); ++component) {
-        wheels_[component]->setGeometry(QRectF(x, 0, widths[component], height()).toAlignedRect());
+    for (size_t component = 0; component < components_.size(); ++component) {
+        components_[component].wheel->setGeometry(
+            QRectF(x, 0, widths[component], height()).toAlignedRect());
         x += widths[component] + componentSpacing;
     }
 }
 
 void PickerView::resizeEvent(QResizeEvent*) {
-    ensureComponents();
     layoutWheels();
-    // Row views may size themselves from the picker's width: make them again.
-    for (size_t component = 0; component < wheels_.size(); ++component)
-        wheels_[component]->setRowHeight(dataSource_->rowHeightForComponent(this, int(component)));
-}
-
-void PickerView::showEvent(QShowEvent*) {
-    ensureComponents();
 }
 
 void PickerView::paintEvent(QPaintEvent*) {
-    if (!showsSelectionIndicator_ || wheels_.empty())
+    if (!showsSelectionIndicator_ || components_.empty())
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(bandColor);
-    const qreal rowHeight = wheels_.front()->rowHeight();
     painter.drawRoundedRect(
-        QRectF(bandMargin, (height() - rowHeight) / 2, width() - 2 * bandMargin, rowHeight),
+        QRectF(bandMargin, (height() - rowHeight_) / 2, width() - 2 * bandMargin, rowHeight_),
         bandRadius, bandRadius);
 }
 

@@ -4,93 +4,102 @@
 #include "PickerWheel.h"
 
 #include <QApplication>
-#include <QLabel>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStringListModel>
 #include <QTest>
 #include <gtest/gtest.h>
-#include <set>
 
 namespace pomwick {
 namespace {
 
-// Two wheels of numbered rows that remember which rows were made and which picks were told.
-class Numbers : public PickerViewDataSource {
-public:
-    int numberOfComponentsInPickerView(PickerView*) override { return 2; }
-    int numberOfRowsInComponent(PickerView*, int component) override { return rows[component]; }
-    qreal rowHeightForComponent(PickerView*, int) override { return 30; }
-    QWidget* viewForRow(PickerView*, int row, int component, QWidget* reusing) override {
-        made.insert({component, row});
-        auto* label = reusing != nullptr ? qobject_cast<QLabel*>(reusing) : new QLabel;
-        label->setText(QString::number(row));
-        label->resize(40, 20);
-        return label;
+QStringList numbers(int count) {
+    QStringList rows;
+    for (int row = 0; row < count; ++row)
+        rows.append(QString::number(row));
+    return rows;
+}
+
+// Two wheels of numbered rows, 1000 and 3, on screen; picks are recorded as (row, component).
+class Picker : public testing::Test {
+protected:
+    void SetUp() override {
+        picker.addComponent(&many);
+        picker.addComponent(&few);
+        picker.setRowHeight(30);
+        picker.resize(320, 216);
+        picker.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&picker));
     }
-    void didSelectRow(PickerView*, int row, int component) override {
-        picks.emplace_back(component, row);
+    std::pair<int, int> lastPick() const {
+        const QList<QVariant> last = picks.last();
+        return {last[0].toInt(), last[1].toInt()};
     }
-    int rows[2] = {1000, 3};
-    std::set<std::pair<int, int>> made;
-    std::vector<std::pair<int, int>> picks;
+    QStringListModel many{numbers(1000)};
+    QStringListModel few{numbers(3)};
+    PickerView picker;
+    QSignalSpy picks{&picker, &PickerView::rowPicked};
 };
 
-TEST(PickerView, MakesOnlyTheRowsItShowsAndTellsOncePerRestOfKeysOrTheMouseWheel) {
-    // Presses while the wheel still turns add up to one rest: it needs its real turning time.
-    Animations::ScaleOverride realLengths(1);
-    Numbers numbers;
-    PickerView picker;
-    picker.setDataSource(&numbers);
-    picker.resize(320, 216);
-    picker.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&picker));
-    QApplication::processEvents();
-    // Waits for the picks told to reach the count, and checks that they stop there.
-    const auto waitForPicks = [&](size_t count) {
-        return QTest::qWaitFor([&] { return numbers.picks.size() >= count; }) &&
-               numbers.picks.size() == count;
-    };
-    EXPECT_GT(numbers.made.size(), 3u);
-    EXPECT_LT(numbers.made.size(), 20u) << "a 216-point wheel shows about seven rows";
+TEST_F(Picker, SelectingFromCodeOrResettingTheRowsReportsNothingAndKeepsTheSelectionInside) {
     picker.selectRow(500, 0, false);
-    picker.grab();
-    EXPECT_TRUE(numbers.made.contains({0, 503}));
-    EXPECT_FALSE(numbers.made.contains({0, 300}));
-    EXPECT_EQ(picker.selectedRowInComponent(0), 500);
-
-    // Reloads keep the selection inside the rows.
+    picker.selectRow(1000, 0, false);
+    EXPECT_EQ(picker.selectedRowInComponent(0), 500) << "a row past the end is ignored";
     picker.selectRow(2, 1, false);
-    numbers.rows[1] = 1;
-    picker.reloadComponent(1);
+    few.setStringList(numbers(1));
     EXPECT_EQ(picker.selectedRowInComponent(1), 0);
-    EXPECT_TRUE(numbers.picks.empty()) << "selecting from code tells nobody";
+    few.setStringList({});
+    EXPECT_EQ(std::tuple(picker.selectedRowInComponent(1), picker.selectedRowInComponent(2)),
+              std::tuple(-1, -1));
+    EXPECT_EQ(picks.count(), 0);
+}
 
-    picker.selectRow(0, 0, false);
+TEST_F(Picker, KeysTheMouseWheelAndATapTurnAWheelAndReportEachRestOnce) {
     PickerWheel* wheel = picker.wheel(0);
     wheel->setFocus();
-    QTest::keyClick(wheel, Qt::Key_Down);
-    QTest::keyClick(wheel, Qt::Key_Down);
-    ASSERT_TRUE(waitForPicks(1)) << "two quick presses end in one rest";
-    EXPECT_EQ(numbers.picks.back(), std::pair(0, 2));
-
-    for (const auto& [key, row] :
-         {std::pair{Qt::Key_PageDown, 8}, {Qt::Key_Up, 7}, {Qt::Key_End, 999}, {Qt::Key_Home, 0}}) {
-        const size_t before = numbers.picks.size();
+    for (const auto& [key, row] : {std::pair{Qt::Key_Down, 1},
+                                   {Qt::Key_PageDown, 7},
+                                   {Qt::Key_Up, 6},
+                                   {Qt::Key_End, 999},
+                                   {Qt::Key_Home, 0}}) {
         QTest::keyClick(wheel, key);
-        ASSERT_TRUE(waitForPicks(before + 1));
-        EXPECT_EQ(picker.selectedRowInComponent(0), row);
+        EXPECT_EQ(lastPick(), std::pair(row, 0));
     }
+    QTest::keyClick(wheel, Qt::Key_Up);
+    EXPECT_EQ(picks.count(), 5) << "a key that cannot move the wheel reports nothing";
 
     QWheelEvent turn(QPointF(10, 10), wheel->mapToGlobal(QPointF(10, 10)), {}, {0, -360},
                      Qt::NoButton, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(wheel->viewport(), &turn);
-    ASSERT_TRUE(waitForPicks(6));
-    EXPECT_EQ(numbers.picks.back(), std::pair(0, 3));
+    EXPECT_EQ(lastPick(), std::pair(3, 0)) << "three notches down";
 
     QTest::mouseClick(wheel->viewport(), Qt::LeftButton, {}, QPoint(20, 108 + 2 * 30));
-    ASSERT_TRUE(waitForPicks(7)) << "a tapped row turns to the middle";
-    EXPECT_EQ(numbers.picks.back(), std::pair(0, 5));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return picks.count() == 7; }));
+    EXPECT_EQ(lastPick(), std::pair(5, 0)) << "a tapped row turns to the middle";
 
     QTest::keyClick(wheel, Qt::Key_Tab);
     EXPECT_TRUE(picker.wheel(1)->hasFocus());
+}
+
+// Turns under way are stopped rather than waited for.
+TEST_F(Picker, PressesWhileTurningAddUpToOneRestAndATurnFromCodeCancelsTheUsers) {
+    Animations::ScaleOverride realLengths(1);
+    PickerWheel* wheel = picker.wheel(0);
+    QTest::keyClick(wheel, Qt::Key_Down);
+    QTest::keyClick(wheel, Qt::Key_Down);
+    ASSERT_TRUE(wheel->isMoving());
+    EXPECT_EQ(picks.count(), 0);
+    QScroller::scroller(wheel->viewport())->stop();
+    EXPECT_FALSE(wheel->isMoving());
+    ASSERT_EQ(picks.count(), 1);
+    EXPECT_EQ(std::pair(lastPick(), wheel->verticalScrollBar()->value()),
+              std::pair(std::pair(2, 0), 60));
+
+    QTest::keyClick(wheel, Qt::Key_Down);
+    picker.selectRow(9, 0, false);
+    QScroller::scroller(wheel->viewport())->stop();
+    EXPECT_EQ(std::tuple(picks.count(), picker.selectedRowInComponent(0), wheel->isMoving()),
+              std::tuple(1, 9, false));
 }
 
 } // namespace
