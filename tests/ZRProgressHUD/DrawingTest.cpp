@@ -3,7 +3,6 @@
 #include "ActivityIndicatorView.h"
 #include "TextDrawing.h"
 #include "ZRBarProgressView.h"
-#include "ZRProgressHUD.h"
 #include "ZRProgressHUDTestAccess.h"
 #include "ZRRoundProgressView.h"
 

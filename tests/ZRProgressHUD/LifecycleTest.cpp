@@ -1,10 +1,8 @@
 // When the notice shows and hides. Timers are fired by hand and animations run to their end by
 // hand, with a clock the test moves: nothing here waits for real time but the worker threads.
 #include "Animations.h"
-#include "ZRProgressHUD.h"
 #include "ZRProgressHUDTestAccess.h"
 
-#include <QGuiApplication>
 #include <QScreen>
 #include <QTest>
 #include <QThreadPool>
@@ -27,13 +25,9 @@ class Listener : public QObject, public ZRProgressHUDDelegate {
     Q_INTERFACES(pomwick::ZRProgressHUDDelegate)
 public:
     void hudWasHidden(ZRProgressHUD* hud) override { events.push_back(hud ? "hidden" : "null"); }
-    std::vector<std::string> events;
-};
-
-class Work : public QObject {
-    Q_OBJECT
-public:
+    // Work for showWhileExecuting, run on its thread.
     Q_INVOKABLE void run(const QVariant& value) { received = value.toInt(); }
+    std::vector<std::string> events;
     std::atomic<int> received = 0;
 };
 
@@ -56,7 +50,7 @@ protected:
     std::chrono::steady_clock::time_point now{};
 };
 
-TEST_F(NoticeLifecycle, GraceTimeNeverShowsAQuickTaskYetReportsItsEnd) {
+TEST_F(NoticeLifecycle, GraceTimeNeverShowsAQuickTaskYetReportsItsEndAndFailedWorkLeavesItUp) {
     hud->setGraceTime(5.0f); // long enough never to fire by itself here
     QThreadPool queue;
     hud->showAnimated(
@@ -66,18 +60,32 @@ TEST_F(NoticeLifecycle, GraceTimeNeverShowsAQuickTaskYetReportsItsEnd) {
     EXPECT_EQ(listener.events, (std::vector<std::string>{"work done", "hidden"}));
     ASSERT_TRUE(Access::fire(Access::graceTimer(hud)));
     EXPECT_EQ(std::tuple(hud->alpha(), Access::overlay(hud)->isHidden()), std::tuple(0, true));
+
+    // Work that throws leaves the notice up.
+    hud->setGraceTime(0);
+    hud->showAnimated(
+        false, [] { throw std::runtime_error("the work failed"); }, &queue);
+    queue.waitForDone();
+    QCoreApplication::processEvents(); // any clean-up the failed work queued
+    EXPECT_EQ(std::tuple(hud->taskInProgress(), hud->alpha()), std::tuple(true, 1));
 }
 
-TEST_F(NoticeLifecycle, MinimumShowTimeDelaysTheHideByTheRemainder) {
+// A delayed hide waits out the minimum show time too; the end cancels the other delayed hides.
+TEST_F(NoticeLifecycle, MinimumShowTimeDelaysTheHideByTheRemainderAndDoneCancelsDelayedHides) {
     hud->setMinShowTime(1.0f);
     hud->show(false);
+    hud->hide(true, 0.3);
+    hud->hide(false, 5.0);
+    ASSERT_EQ(Access::delayedHides(hud).size(), 2u);
+    EXPECT_EQ(Access::delayedHides(hud)[0]->interval(), 300);
     now += 300ms;
-    hud->hide(true);
+    ASSERT_TRUE(Access::fire(*Access::delayedHides(hud)[0]));
     EXPECT_EQ(Access::minShowTimer(hud).interval(), 700);
     EXPECT_EQ(hud->alpha(), 1);
     ASSERT_TRUE(Access::fire(Access::minShowTimer(hud)));
     ASSERT_TRUE(Access::finishAnimation(hud));
     EXPECT_EQ(hud->alpha(), 0);
+    EXPECT_TRUE(Access::delayedHides(hud).empty());
     EXPECT_EQ(listener.events, (std::vector<std::string>{"completion", "hidden"}));
 }
 
@@ -88,12 +96,9 @@ TEST_F(NoticeLifecycle, HidingANeverShownNoticeEndsAtOnceAndOnlyALiveDelegateHea
     EXPECT_EQ(listener.events, (std::vector<std::string>{"completion", "hidden", "hidden"}));
 
     // Neither a deleted delegate nor an object without the interface hears anything.
-    auto* gone = new Listener;
-    hud->setDelegate(gone);
-    delete gone;
+    hud->setDelegate(std::make_unique<Listener>().get()); // deleted at once
     hud->hide(false);
-    QObject plain;
-    hud->setDelegate(&plain);
+    hud->setDelegate(&host); // a widget, without the interface
     hud->hide(false);
     EXPECT_EQ(listener.events.size(), 3u);
 }
@@ -127,17 +132,6 @@ INSTANTIATE_TEST_SUITE_P(Types, NoticeAnimations,
                          testing::Values(std::tuple(ZRProgressHUDAnimationFade, 1.0, 1.0),
                                          std::tuple(ZRProgressHUDAnimationZoomDown, 1.5, 0.5),
                                          std::tuple(ZRProgressHUDAnimationZoomUp, 0.5, 1.5)));
-
-TEST_F(NoticeLifecycle, DoneCancelsPendingDelayedHides) {
-    hud->show(false);
-    hud->hide(false, 2.0);
-    hud->hide(false, 5.0);
-    ASSERT_EQ(Access::delayedHides(hud).size(), 2u);
-    EXPECT_EQ(Access::delayedHides(hud)[0]->interval(), 2000);
-    ASSERT_TRUE(Access::fire(*Access::delayedHides(hud)[0]));
-    EXPECT_TRUE(Access::delayedHides(hud).empty());
-    EXPECT_EQ(listener.events.size(), 2u);
-}
 
 TEST(NoticeOverAView, ClassOperationsFindShowAndRemoveNoticesAndADestroyedViewLeavesNothingBehind) {
     QWidget view;
@@ -174,15 +168,6 @@ TEST(NoticeOverAView, ClassOperationsFindShowAndRemoveNoticesAndADestroyedViewLe
     QCoreApplication::processEvents(); // the work's queued clean-up finds no notice
 }
 
-TEST_F(NoticeLifecycle, WorkThatThrowsLeavesTheNoticeUp) {
-    QThreadPool queue;
-    hud->showAnimated(
-        false, [] { throw std::runtime_error("the work failed"); }, &queue);
-    queue.waitForDone();
-    QCoreApplication::processEvents(); // any clean-up the failed work queued
-    EXPECT_EQ(std::tuple(hud->taskInProgress(), hud->alpha()), std::tuple(true, 1));
-}
-
 TEST_F(NoticeLifecycle, WorkAndChangesFromOtherThreadsTakeEffectOnTheMainThread) {
     std::thread::id completedOn;
     hud->setCompletionBlock([&] { completedOn = std::this_thread::get_id(); });
@@ -197,17 +182,16 @@ TEST_F(NoticeLifecycle, WorkAndChangesFromOtherThreadsTakeEffectOnTheMainThread)
     // A selector's work gets its argument on its own thread; the notice still ends on this one.
     completedOn = {};
     hud->setCompletionBlock([&] { completedOn = std::this_thread::get_id(); });
-    Work work;
-    hud->showWhileExecuting(&work, "run", 42, false);
+    hud->showWhileExecuting(&listener, "run", 42, false);
     EXPECT_TRUE(hud->taskInProgress());
     QTRY_VERIFY_WITH_TIMEOUT(completedOn == std::this_thread::get_id(), 10000);
-    EXPECT_EQ(work.received, 42);
+    EXPECT_EQ(listener.received, 42);
 }
 
 TEST(NoticeOverAView, ATopLevelWindowTurnsTheNoticeWithTheScreen) {
     QWidget window;
     window.resize(400, 300);
-    Access::setInterfaceOrientation(3);
+    Access::setOrientation(3);
     auto* hud = ZRProgressHUD::showHUDAddedTo(&window, false);
     EXPECT_DOUBLE_EQ(hud->rotationAngle(), std::numbers::pi / 2);
     // It lays out in its turned bounds, 300 wide: a long label is cut to 300 - 4m.
@@ -215,10 +199,10 @@ TEST(NoticeOverAView, ATopLevelWindowTurnsTheNoticeWithTheScreen) {
     hud->layoutSubviews();
     EXPECT_EQ(Access::frames(hud).label.width(), 220);
 
-    Access::setInterfaceOrientation(4);
+    Access::setOrientation(4);
     emit QGuiApplication::primaryScreen()->orientationChanged(Qt::LandscapeOrientation);
     QTRY_COMPARE(hud->rotationAngle(), -std::numbers::pi / 2);
-    Access::setInterfaceOrientation(std::nullopt);
+    Access::setOrientation(std::nullopt);
 }
 
 } // namespace

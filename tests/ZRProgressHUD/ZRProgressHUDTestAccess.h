@@ -13,9 +13,7 @@ struct ZRProgressHUDTestAccess {
     static QTimer& graceTimer(ZRProgressHUD* hud) { return hud->graceTimer_; }
     static QTimer& minShowTimer(ZRProgressHUD* hud) { return hud->minShowTimer_; }
     // The pending hide(animated, delay) calls, each a one-shot timer.
-    static const std::vector<QTimer*>& delayedHides(ZRProgressHUD* hud) {
-        return hud->delayedHides_;
-    }
+    static auto& delayedHides(ZRProgressHUD* hud) { return hud->delayedHides_; }
     // Runs a pending one-shot timer now; false when it was not pending.
     static bool fire(QTimer& timer) {
         const bool pending = timer.isActive();
@@ -31,17 +29,11 @@ struct ZRProgressHUDTestAccess {
             running->setCurrentTime(running->totalDuration());
         return running != nullptr;
     }
-    static void setClock(ZRProgressHUD* hud, ZRProgressHUD::Clock clock) {
-        hud->clock_ = std::move(clock);
-    }
-    static void setInterfaceOrientation(std::optional<int> orientation) {
-        ZRProgressHUD::orientationOverride_ = orientation;
-    }
+    static void setClock(ZRProgressHUD* hud, ZRProgressHUD::Clock clock) { hud->clock_ = clock; }
+    static void setOrientation(std::optional<int> o) { ZRProgressHUD::orientationOverride_ = o; }
     static NoticeOverlay* overlay(ZRProgressHUD* hud) { return hud->overlay_; }
     static QWidget* indicator(ZRProgressHUD* hud) { return hud->indicator_; }
-    static const NoticeOverlay::Frames& frames(ZRProgressHUD* hud) {
-        return hud->overlay_->frames();
-    }
+    static auto& frames(ZRProgressHUD* hud) { return hud->overlay_->frames(); }
 };
 
 } // namespace pomwick
