@@ -1,5 +1,6 @@
 // One animation frame of the floating notice: the fade-and-zoom animation stepped to a new time
 // and the notice (panel, spinner, label, details) drawn at scale 2, as the screen would show it.
+#include "../tests/ZRProgressHUD/ZRProgressHUDTestAccess.h"
 #include "ZRProgressHUD.h"
 
 #include <QAbstractAnimation>
@@ -19,7 +20,7 @@ void NoticeAnimationFrame(benchmark::State& state) {
     host.resize(375, 623);
     host.show();
     auto* hud = new ZRProgressHUD(&host);
-    hud->setParent(&host);
+    hud->setSuperview(&host);
     hud->setAnimationType(ZRProgressHUDAnimationZoomDown);
     hud->setLabelText("Message Sent!");
     hud->setDetailsLabelText("Your feedback is on its way");
@@ -28,12 +29,12 @@ void NoticeAnimationFrame(benchmark::State& state) {
     frame.setDevicePixelRatio(2);
     int time = 0;
     for (auto _ : state) {
-        if (hud->runningAnimation() == nullptr || time >= 290) {
+        if (ZRProgressHUDTestAccess::animation(hud) == nullptr || time >= 290) {
             hud->show(true);
             time = 0;
         }
         time += 8; // a 120 Hz frame
-        hud->runningAnimation()->setCurrentTime(time);
+        ZRProgressHUDTestAccess::animation(hud)->setCurrentTime(time);
         host.render(&frame);
     }
 }

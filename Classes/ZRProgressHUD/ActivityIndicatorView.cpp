@@ -4,10 +4,8 @@
 
 namespace pomwick {
 
-ActivityIndicatorView::ActivityIndicatorView(QWidget* parent) : QWidget(parent) {
-    setGeometry(0, 0, side, side);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAccessibleName("In progress");
+ActivityIndicatorView::ActivityIndicatorView(QWidget* parent)
+    : NoticeIndicator({side, side}, tr("In progress"), parent) {
     rotation_.setStartValue(0);
     rotation_.setEndValue(spokes);
     rotation_.setDuration(1000);
@@ -30,7 +28,7 @@ void ActivityIndicatorView::setLeadingSpoke(int spoke) {
     if (spoke == leadingSpoke_)
         return;
     leadingSpoke_ = spoke;
-    update();
+    refresh();
 }
 
 void ActivityIndicatorView::showEvent(QShowEvent*) {
@@ -42,15 +40,14 @@ void ActivityIndicatorView::hideEvent(QHideEvent*) {
 }
 
 void ActivityIndicatorView::followVisibility() {
-    const bool run = animating_ && isVisible();
+    const bool run = animating_ && (isVisible() || isPresented());
     if (run && rotation_.state() != QAbstractAnimation::Running)
         rotation_.start();
     else if (!run)
         rotation_.stop();
 }
 
-void ActivityIndicatorView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void ActivityIndicatorView::paint(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(width() / 2.0, height() / 2.0);
     const qreal scale = qMin(width(), height()) / qreal(side);

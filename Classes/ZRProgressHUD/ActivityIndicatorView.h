@@ -1,13 +1,15 @@
 #pragma once
 
+#include "NoticeIndicator.h"
+
 #include <QVariantAnimation>
-#include <QWidget>
 
 namespace pomwick {
 
 // The large white activity indicator, 37 x 37: twelve spokes fading behind the brightest one,
-// which steps round once a second while animating. The animation runs only while it is on screen.
-class ActivityIndicatorView : public QWidget {
+// which steps round once a second while animating. The animation runs only while it is on screen,
+// by itself or in a notice.
+class ActivityIndicatorView : public NoticeIndicator {
     Q_OBJECT
 public:
     static constexpr int side = 37;
@@ -22,8 +24,10 @@ public:
     int leadingSpoke() const { return leadingSpoke_; }
     void setLeadingSpoke(int spoke);
 
+    void paint(QPainter& painter) const override;
+
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void presentedChanged() override { followVisibility(); }
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

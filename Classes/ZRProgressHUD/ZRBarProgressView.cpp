@@ -2,44 +2,15 @@
 
 #include "PathArcs.h"
 
-#include <QAccessible>
 #include <QPainter>
 #include <cmath>
 #include <numbers>
 
 namespace pomwick {
 
-ZRBarProgressView::ZRBarProgressView(QWidget* parent) : QWidget(parent) {
-    setGeometry(0, 0, 120, 20);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAccessibleName("Progress");
-}
+ZRBarProgressView::ZRBarProgressView(QWidget* parent) : ProgressIndicatorView({120, 20}, parent) {}
 
-void ZRBarProgressView::setProgress(float progress) {
-    progress_ = progress;
-    update();
-    QAccessibleValueChangeEvent event(this, progress);
-    QAccessible::updateAccessibility(&event);
-    emit progressChanged();
-}
-
-void ZRBarProgressView::setLineColor(const QColor& color) {
-    lineColor_ = color;
-    update();
-}
-
-void ZRBarProgressView::setProgressColor(const QColor& color) {
-    progressColor_ = color;
-    update();
-}
-
-void ZRBarProgressView::setProgressRemainingColor(const QColor& color) {
-    progressRemainingColor_ = color;
-    update();
-}
-
-void ZRBarProgressView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void ZRBarProgressView::paint(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal w = width();
     const qreal h = height();
@@ -58,7 +29,7 @@ void ZRBarProgressView::paintEvent(QPaintEvent*) {
     painter.strokePath(outline, QPen(lineColor_, 2.0));
 
     const qreal r = outlineRadius - 2;
-    const qreal amount = w * qreal(progress_);
+    const qreal amount = w * qreal(progress());
     const qreal rightEnd = w - r - 4;
     // Each half runs from the left tip along the top (or bottom) edge to `end`, then as given.
     const auto half = [&](qreal edgeY, qreal end) {

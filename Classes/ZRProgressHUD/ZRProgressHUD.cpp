@@ -1,73 +1,68 @@
-// The notice's construction, its observed properties and its indicator for each mode.
+// The notice's construction, its observed properties, its indicator for each mode and its place
+// over its host view.
 #include "ZRProgressHUD.h"
 
 #include "ActivityIndicatorView.h"
 #include "Appearance.h"
-#include "HUDPresentationEffect.h"
-#include "NoticeLabel.h"
-#include "NoticePanel.h"
+#include "NoticeOverlay.h"
 #include "ZRBarProgressView.h"
 #include "ZRRoundProgressView.h"
 
+#include <QAbstractAnimation>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGuiApplication>
-#include <QMetaProperty>
 #include <QScreen>
-#include <QThread>
+#include <stdexcept>
 
 namespace pomwick {
+namespace {
+
+const QWidget* required(const QWidget* view) {
+    if (view == nullptr)
+        throw std::invalid_argument("ZRProgressHUD: the view must not be null");
+    return view;
+}
+
+} // namespace
 
 ZRProgressHUD::ZRProgressHUD(QWidget* view) {
-    if (view == nullptr)
-        qFatal("View must not be nil.");
-    setGeometry(view->rect());
+    const QRect bounds = required(view)->rect();
+    overlay_ = new NoticeOverlay(*this);
+    overlay_->setGeometry(bounds);
     labelFont_ = Appearance::systemFont(16, QFont::Bold);
     detailsLabelFont_ = Appearance::systemFont(12, QFont::Bold);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setFocusPolicy(Qt::NoFocus);
-    panel_ = new NoticePanel(this);
-    presentation_ = new HUDPresentationEffect(panel_);
-    panel_->setGraphicsEffect(presentation_);
     graceTimer_.setSingleShot(true);
     minShowTimer_.setSingleShot(true);
     connect(&graceTimer_, &QTimer::timeout, this, &ZRProgressHUD::handleGraceTimer);
     connect(&minShowTimer_, &QTimer::timeout, this, &ZRProgressHUD::handleMinShowTimer);
-    setupLabels();
     updateIndicators();
-    registerForNotifications();
-    refreshPresentation();
+    // Any screen's rotation, as the device's orientation notification comes from any sender.
+    for (QScreen* screen : QGuiApplication::screens())
+        connect(screen, &QScreen::orientationChanged, this,
+                &ZRProgressHUD::deviceOrientationDidChange);
+    overlay_->presentationChanged();
 }
 
 ZRProgressHUD::~ZRProgressHUD() {
     stopAnimation();
     if (superview_)
         superview_->removeEventFilter(this);
+    delete overlay_;
 }
 
-void ZRProgressHUD::setupLabels() {
-    label_ = new NoticeLabel(false, panel_);
-    label_->setFont(labelFont_);
-    detailsLabel_ = new NoticeLabel(true, panel_);
-    detailsLabel_->setFont(detailsLabelFont_);
-    for (QLabel* each : {label_, detailsLabel_}) {
-        each->setGeometry(rect());
-        QPalette palette = each->palette();
-        palette.setColor(QPalette::WindowText, Qt::white);
-        each->setPalette(palette);
-    }
-}
-
-template <class Value, class Signal>
-void ZRProgressHUD::assign(Value& field, const Value& value, Signal signal, const char* keyPath) {
-    onOwnThread([this, &field, value, signal, keyPath] {
+template <class Value>
+void ZRProgressHUD::change(Value& field, const Value& value, void (ZRProgressHUD::*signal)(),
+                           void (ZRProgressHUD::*then)()) {
+    onOwnThread([this, &field, value, signal, then] {
         field = value;
         emit(this->*signal)();
-        updateUIForKeypath(keyPath);
+        (this->*then)();
     });
 }
 
-void ZRProgressHUD::setMode(int mode) {
-    assign(mode_, mode, &ZRProgressHUD::modeChanged, "mode");
+void ZRProgressHUD::setMode(ZRProgressHUDMode mode) {
+    change(mode_, mode, &ZRProgressHUD::modeChanged, &ZRProgressHUD::indicatorChanged);
 }
 
 void ZRProgressHUD::setCustomView(QWidget* view) {
@@ -75,80 +70,65 @@ void ZRProgressHUD::setCustomView(QWidget* view) {
         if (customView_ == guarded)
             return;
         // The notice keeps the views it is given; one replaced while not shown goes.
-        if (customView_ && customView_ != indicator_ && customView_->parent() == panel_)
+        if (customView_ && customView_ != indicator_ && customView_->parent() == overlay_)
             customView_->deleteLater();
         customView_ = guarded;
+        // The overlay draws it itself, at the notice's opacity and zoom.
         if (customView_) {
-            customView_->setParent(panel_);
+            customView_->setParent(overlay_);
             customView_->hide();
         }
         emit customViewChanged();
-        updateUIForKeypath("customView");
+        indicatorChanged();
     });
 }
 
 void ZRProgressHUD::setLabelText(const QString& text) {
-    assign(labelText_, text, &ZRProgressHUD::labelTextChanged, "labelText");
+    change(labelText_, text, &ZRProgressHUD::labelTextChanged, &ZRProgressHUD::textChanged);
 }
 void ZRProgressHUD::setLabelFont(const QFont& font) {
-    assign(labelFont_, font, &ZRProgressHUD::labelFontChanged, "labelFont");
+    change(labelFont_, font, &ZRProgressHUD::labelFontChanged, &ZRProgressHUD::textChanged);
 }
 void ZRProgressHUD::setLabelColor(const QColor& color) {
-    assign(labelColor_, color, &ZRProgressHUD::labelColorChanged, "labelColor");
+    change(labelColor_, color, &ZRProgressHUD::labelColorChanged, &ZRProgressHUD::textChanged);
 }
 void ZRProgressHUD::setDetailsLabelText(const QString& text) {
-    assign(detailsLabelText_, text, &ZRProgressHUD::detailsLabelTextChanged, "detailsLabelText");
+    change(detailsLabelText_, text, &ZRProgressHUD::detailsLabelTextChanged,
+           &ZRProgressHUD::textChanged);
 }
 void ZRProgressHUD::setDetailsLabelFont(const QFont& font) {
-    assign(detailsLabelFont_, font, &ZRProgressHUD::detailsLabelFontChanged, "detailsLabelFont");
+    change(detailsLabelFont_, font, &ZRProgressHUD::detailsLabelFontChanged,
+           &ZRProgressHUD::textChanged);
 }
 void ZRProgressHUD::setDetailsLabelColor(const QColor& color) {
-    assign(detailsLabelColor_, color, &ZRProgressHUD::detailsLabelColorChanged,
-           "detailsLabelColor");
+    change(detailsLabelColor_, color, &ZRProgressHUD::detailsLabelColorChanged,
+           &ZRProgressHUD::textChanged);
 }
 void ZRProgressHUD::setProgress(float progress) {
-    assign(progress_, progress, &ZRProgressHUD::progressChanged, "progress");
+    change(progress_, progress, &ZRProgressHUD::progressChanged, &ZRProgressHUD::passProgress);
 }
 
-void ZRProgressHUD::updateUIForKeypath(const char* keyPath) {
-    const QByteArray key(keyPath);
-    const auto recolor = [](QLabel* label, const QColor& color) {
-        QPalette palette = label->palette();
-        palette.setColor(QPalette::WindowText, color);
-        label->setPalette(palette);
-    };
-    if (key == "mode" || key == "customView") {
-        updateIndicators();
-    } else if (key == "labelText") {
-        label_->setText(labelText_);
-        setAccessibleName(labelText_);
-    } else if (key == "labelFont") {
-        label_->setFont(labelFont_);
-    } else if (key == "labelColor") {
-        recolor(label_, labelColor_);
-    } else if (key == "detailsLabelText") {
-        detailsLabel_->setText(detailsLabelText_);
-        setAccessibleDescription(detailsLabelText_);
-    } else if (key == "detailsLabelFont") {
-        detailsLabel_->setFont(detailsLabelFont_);
-    } else if (key == "detailsLabelColor") {
-        recolor(detailsLabel_, detailsLabelColor_);
-    } else if (key == "progress") {
-        // Only an indicator that has a progress hears of it; the notice itself stays as it is.
-        if (indicator_ && indicator_->metaObject()->indexOfProperty("progress") >= 0)
-            indicator_->setProperty("progress", progress_);
-        return;
-    }
+void ZRProgressHUD::indicatorChanged() {
+    updateIndicators();
     setNeedsLayout();
-    update();
+    overlay_->contentChanged();
+}
+
+void ZRProgressHUD::textChanged() {
+    overlay_->setAccessibleName(labelText_);
+    overlay_->setAccessibleDescription(detailsLabelText_);
+    setNeedsLayout();
+    overlay_->contentChanged();
+}
+
+void ZRProgressHUD::passProgress() {
+    // Only an indicator that has a progress hears of it; the notice itself stays as it is.
+    if (indicator_ && indicator_->metaObject()->indexOfProperty("progress") >= 0)
+        indicator_->setProperty("progress", progress_);
 }
 
 void ZRProgressHUD::removeIndicator() {
-    if (!indicator_)
-        return;
-    if (indicator_ == customView_)
-        indicator_->hide();
-    else
+    if (indicator_ && indicator_ != customView_)
         delete indicator_;
     indicator_ = nullptr;
 }
@@ -158,7 +138,7 @@ void ZRProgressHUD::updateIndicators() {
     case ZRProgressHUDModeSpinner:
         if (!qobject_cast<ActivityIndicatorView*>(indicator_)) {
             removeIndicator();
-            auto* spinner = new ActivityIndicatorView(panel_);
+            auto* spinner = new ActivityIndicatorView(overlay_);
             spinner->startAnimating();
             indicator_ = spinner;
         }
@@ -167,7 +147,7 @@ void ZRProgressHUD::updateIndicators() {
     case ZRProgressHUDModeRingProgress:
         if (!qobject_cast<ZRRoundProgressView*>(indicator_)) {
             removeIndicator();
-            indicator_ = new ZRRoundProgressView(panel_);
+            indicator_ = new ZRRoundProgressView(overlay_);
         }
         // Never turned off again on the way back to the pie: the ring stays a ring.
         if (mode_ == ZRProgressHUDModeRingProgress)
@@ -175,7 +155,7 @@ void ZRProgressHUD::updateIndicators() {
         break;
     case ZRProgressHUDModeBarProgress:
         removeIndicator();
-        indicator_ = new ZRBarProgressView(panel_);
+        indicator_ = new ZRBarProgressView(overlay_);
         break;
     case ZRProgressHUDModeCustomView:
         if (customView_ != indicator_) {
@@ -186,18 +166,13 @@ void ZRProgressHUD::updateIndicators() {
     case ZRProgressHUDModeTextOnly:
         removeIndicator();
         break;
-    default:
-        break;
     }
-    if (indicator_) {
-        indicator_->stackUnder(label_);
-        indicator_->show();
-    }
+    overlay_->setIndicator(indicator_);
 }
 
 ZRProgressHUD* ZRProgressHUD::showHUDAddedTo(QWidget* view, bool animated) {
     auto* hud = new ZRProgressHUD(view);
-    hud->setParent(view);
+    hud->setSuperview(view);
     hud->show(animated);
     return hud;
 }
@@ -233,61 +208,48 @@ int ZRProgressHUD::hideAllHUDsForView(const QWidget* view, bool animated) {
     return int(all.size());
 }
 
+void ZRProgressHUD::setSuperview(QWidget* view) {
+    if (superview_)
+        superview_->removeEventFilter(this);
+    superview_ = view;
+    setParent(view);
+    overlay_->setParent(view);
+    overlay_->presentationChanged();
+    if (!view)
+        return;
+    overlay_->raise();
+    view->installEventFilter(this);
+    if (view->isWindow())
+        setTransformForCurrentOrientation(false);
+    setNeedsLayout();
+}
+
 void ZRProgressHUD::setAlpha(qreal alpha) {
     alpha_ = alpha;
-    refreshPresentation();
+    overlay_->presentationChanged();
 }
 
 void ZRProgressHUD::setZoom(qreal zoom) {
     zoom_ = zoom;
-    refreshPresentation();
+    overlay_->presentationChanged();
 }
 
 void ZRProgressHUD::setRotationAngle(qreal radians) {
     rotationAngle_ = radians;
-    placePanel();
-    refreshPresentation();
-}
-
-QWidget* ZRProgressHUD::panel() const {
-    return panel_;
-}
-
-void ZRProgressHUD::refreshPresentation() {
-    QTransform transform;
-    transform.rotateRadians(rotationAngle_);
-    presentation_->setPresentation(alpha_, QTransform::fromScale(zoom_, zoom_) * transform);
-    if (dimBackground_)
-        update();
-    // Nothing to see at alpha 0; and, as on the device, nearly transparent views let touches
-    // through to what lies under them.
-    const bool shown = alpha_ > 0 && parentWidget() != nullptr;
-    if (isHidden() == shown)
-        setVisible(shown);
-    setAttribute(Qt::WA_TransparentForMouseEvents, alpha_ <= 0.01);
+    overlay_->presentationChanged();
 }
 
 bool ZRProgressHUD::event(QEvent* event) {
-    switch (event->type()) {
-    case QEvent::ParentChange:
-        didMoveToSuperview();
-        break;
-    case QEvent::Resize:
-        setNeedsLayout();
-        break;
-    case QEvent::LayoutRequest:
-        layoutIfNeeded();
-        return true;
-    default:
-        break;
-    }
-    return QWidget::event(event);
+    if (event->type() != QEvent::LayoutRequest)
+        return QObject::event(event);
+    layoutIfNeeded();
+    return true;
 }
 
 bool ZRProgressHUD::eventFilter(QObject* watched, QEvent* event) {
     if (watched == superview_ && event->type() == QEvent::Resize)
         setNeedsLayout();
-    return QWidget::eventFilter(watched, event);
+    return QObject::eventFilter(watched, event);
 }
 
 void ZRProgressHUD::setNeedsLayout() {
@@ -302,13 +264,6 @@ void ZRProgressHUD::layoutIfNeeded() {
         layoutSubviews();
 }
 
-void ZRProgressHUD::registerForNotifications() {
-    // Any screen's rotation, as the device's orientation notification comes from any sender.
-    for (QScreen* screen : QGuiApplication::screens())
-        connect(screen, &QScreen::orientationChanged, this,
-                &ZRProgressHUD::deviceOrientationDidChange);
-}
-
 void ZRProgressHUD::deviceOrientationDidChange() {
     if (!superview_)
         return;
@@ -316,21 +271,8 @@ void ZRProgressHUD::deviceOrientationDidChange() {
         setTransformForCurrentOrientation(true);
         return;
     }
-    setGeometry(superview_->rect());
-    update();
-}
-
-void ZRProgressHUD::didMoveToSuperview() {
-    if (superview_)
-        superview_->removeEventFilter(this);
-    superview_ = parentWidget();
-    refreshPresentation();
-    if (!superview_)
-        return;
-    superview_->installEventFilter(this);
-    if (superview_->isWindow())
-        setTransformForCurrentOrientation(false);
-    setNeedsLayout();
+    overlay_->setGeometry(superview_->rect());
+    overlay_->update();
 }
 
 } // namespace pomwick

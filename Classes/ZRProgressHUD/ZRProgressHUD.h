@@ -1,45 +1,27 @@
 #pragma once
 
-#include <QAbstractAnimation>
 #include <QColor>
 #include <QFont>
 #include <QObject>
-#include <QPixmap>
 #include <QPointer>
 #include <QSizeF>
 #include <QString>
 #include <QThread>
 #include <QTimer>
 #include <QVariant>
-#include <QWidget>
 #include <chrono>
 #include <functional>
 #include <optional>
 #include <vector>
 
-class QLabel;
+class QAbstractAnimation;
 class QThreadPool;
+class QWidget;
 
 namespace pomwick {
 
+class NoticeOverlay;
 class ZRProgressHUD;
-class HUDPresentationEffect;
-class NoticePanel;
-
-enum ZRProgressHUDMode {
-    ZRProgressHUDModeSpinner = 0,
-    ZRProgressHUDModeRoundProgress = 1,
-    ZRProgressHUDModeBarProgress = 2,
-    ZRProgressHUDModeRingProgress = 3,
-    ZRProgressHUDModeCustomView = 4,
-    ZRProgressHUDModeTextOnly = 5,
-};
-
-enum ZRProgressHUDAnimation {
-    ZRProgressHUDAnimationFade = 0,
-    ZRProgressHUDAnimationZoomDown = 1,
-    ZRProgressHUDAnimationZoomUp = 2,
-};
 
 // What a notice tells whoever listens when it has gone. A QObject delegate that does not declare
 // this interface (Q_INTERFACES) is not called.
@@ -62,12 +44,32 @@ namespace pomwick {
 // host while shown, fades or zooms in and out, can wait a grace time before showing and a
 // minimum time before hiding, and can run work on another thread while it is shown.
 //
-// Changes to the observed properties (mode, customView, the labels' texts, fonts and colors,
-// progress) emit their signal and update the notice on its own thread, queued there when made
-// from another thread.
-class ZRProgressHUD : public QWidget {
+// The notice is the state; what the host shows is its overlay widget, which the notice owns and
+// places over the host when added to it. Property changes made from another thread are queued to
+// the notice's own thread.
+class ZRProgressHUD : public QObject {
     Q_OBJECT
-    Q_PROPERTY(int mode READ mode WRITE setMode NOTIFY modeChanged)
+    Q_MOC_INCLUDE(<QWidget>)
+
+public:
+    enum ZRProgressHUDMode {
+        ZRProgressHUDModeSpinner = 0,
+        ZRProgressHUDModeRoundProgress = 1,
+        ZRProgressHUDModeBarProgress = 2,
+        ZRProgressHUDModeRingProgress = 3,
+        ZRProgressHUDModeCustomView = 4,
+        ZRProgressHUDModeTextOnly = 5,
+    };
+    Q_ENUM(ZRProgressHUDMode)
+    enum ZRProgressHUDAnimation {
+        ZRProgressHUDAnimationFade = 0,
+        ZRProgressHUDAnimationZoomDown = 1,
+        ZRProgressHUDAnimationZoomUp = 2,
+    };
+    Q_ENUM(ZRProgressHUDAnimation)
+
+private:
+    Q_PROPERTY(ZRProgressHUDMode mode READ mode WRITE setMode NOTIFY modeChanged)
     Q_PROPERTY(QWidget* customView READ customView WRITE setCustomView NOTIFY customViewChanged)
     Q_PROPERTY(QString labelText READ labelText WRITE setLabelText NOTIFY labelTextChanged)
     Q_PROPERTY(QFont labelFont READ labelFont WRITE setLabelFont NOTIFY labelFontChanged)
@@ -85,11 +87,11 @@ class ZRProgressHUD : public QWidget {
     Q_PROPERTY(qreal rotationAngle READ rotationAngle WRITE setRotationAngle)
 
 public:
-    using Clock = std::function<std::chrono::steady_clock::time_point()>;
     static constexpr int animationMilliseconds = 300;
     static constexpr qreal padding = 4.0;
 
-    // A notice the size of the view; it is not added to it. The view must not be null.
+    // A notice the size of the view; it is not added to it. A null view throws
+    // std::invalid_argument.
     explicit ZRProgressHUD(QWidget* view);
     ~ZRProgressHUD() override;
 
@@ -102,6 +104,10 @@ public:
     static bool hideHUDForView(const QWidget* view, bool animated);
     // Hides (and then removes) every notice over the view; how many there were.
     static int hideAllHUDsForView(const QWidget* view, bool animated);
+
+    // Lays the notice over the view, which then owns it; null takes it off its view.
+    void setSuperview(QWidget* view);
+    QWidget* superview() const { return superview_; }
 
     void show(bool animated);
     void hide(bool animated);
@@ -124,8 +130,8 @@ public:
     // Lays out now when a layout was asked for and has not run yet.
     void layoutIfNeeded();
 
-    int mode() const { return mode_; }
-    void setMode(int mode);
+    ZRProgressHUDMode mode() const { return mode_; }
+    void setMode(ZRProgressHUDMode mode);
     QWidget* customView() const { return customView_; }
     // The notice takes ownership of the view.
     void setCustomView(QWidget* view);
@@ -144,8 +150,8 @@ public:
     float progress() const { return progress_; }
     void setProgress(float progress);
 
-    int animationType() const { return animationType_; }
-    void setAnimationType(int type) { animationType_ = type; }
+    ZRProgressHUDAnimation animationType() const { return animationType_; }
+    void setAnimationType(ZRProgressHUDAnimation type) { animationType_ = type; }
     float opacity() const { return opacity_; }
     void setOpacity(float opacity) { opacity_ = opacity; }
     // The panel's color; invalid (the default) draws black at `opacity`.
@@ -179,37 +185,14 @@ public:
     std::function<void()> completionBlock() const { return completionBlock_; }
     void setCompletionBlock(std::function<void()> block) { completionBlock_ = std::move(block); }
 
-    // The panel's size as the last layout computed it (the device calls it `size`).
-    QSizeF panelSize() const { return size_; }
-    bool isFinished() const { return isFinished_; }
+    // The panel's size as the last layout computed it.
+    QSizeF size() const { return size_; }
     std::optional<std::chrono::steady_clock::time_point> showStarted() const {
         return showStarted_;
     }
-    // The rounded panel that holds the indicator and the labels.
-    QWidget* panel() const;
-    QWidget* indicator() const { return indicator_; }
-    QLabel* label() const { return label_; }
-    QLabel* detailsLabel() const { return detailsLabel_; }
-    const QTimer& graceTimer() const { return graceTimer_; }
-    const QTimer& minShowTimer() const { return minShowTimer_; }
-    // The pending hide(animated, delay) calls, each a one-shot timer.
-    std::vector<const QTimer*> pendingDelayedHides() const;
-    // The show or hide animation under way, if any.
-    QAbstractAnimation* runningAnimation() const { return animation_; }
-
     qreal alpha() const { return alpha_; }
-    void setAlpha(qreal alpha);
     qreal zoom() const { return zoom_; }
-    void setZoom(qreal zoom);
     qreal rotationAngle() const { return rotationAngle_; }
-    void setRotationAngle(qreal radians);
-
-    // The clock that show and hide measure the minimum show time with.
-    void setClock(Clock clock) { clock_ = std::move(clock); }
-    // The interface orientation in the device's numbering (1 portrait, 2 upside down, 3 and 4
-    // landscape): the window's screen rotation from its natural orientation, unless overridden.
-    static int interfaceOrientation(const QWidget* widget);
-    static void setInterfaceOrientationOverride(std::optional<int> orientation);
 
 signals:
     void modeChanged();
@@ -223,31 +206,37 @@ signals:
     void progressChanged();
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void setupLabels();
+    friend struct ZRProgressHUDTestAccess;
+    using Clock = std::function<std::chrono::steady_clock::time_point()>;
+
+    void setAlpha(qreal alpha);
+    void setZoom(qreal zoom);
+    void setRotationAngle(qreal radians);
+
+    // What follows a change of an observed property.
+    void indicatorChanged();
+    void textChanged();
+    void passProgress();
     void updateIndicators();
     void removeIndicator();
-    void updateUIForKeypath(const char* keyPath);
     void setNeedsLayout();
-    void registerForNotifications();
     void deviceOrientationDidChange();
-    void didMoveToSuperview();
     void setTransformForCurrentOrientation(bool animated);
+    // The interface orientation in the device's numbering (1 portrait, 2 upside down, 3 and 4
+    // landscape): the window's screen rotation from its natural orientation.
+    int interfaceOrientation() const;
 
     void handleGraceTimer();
     void handleMinShowTimer();
     void showUsingAnimation(bool animated);
     void hideUsingAnimation(bool animated);
-    void animate(const std::vector<std::pair<const char*, qreal>>& targets, int milliseconds,
-                 std::function<void()> finished);
+    void animate(qreal alpha, std::optional<qreal> zoom, std::function<void()> finished);
     void stopAnimation();
     void done();
-    static void launchExecution(QObject* target, const QByteArray& method, const QVariant& object,
-                                const QPointer<ZRProgressHUD>& self);
     void cleanUp();
 
     // Runs the change here, or queues it to this notice's thread when called from another.
@@ -257,15 +246,12 @@ private:
         else
             QMetaObject::invokeMethod(this, std::move(change), Qt::QueuedConnection);
     }
-    template <class Value, class Signal>
-    void assign(Value& field, const Value& value, Signal signal, const char* keyPath);
+    template <class Value>
+    void change(Value& field, const Value& value, void (ZRProgressHUD::*signal)(),
+                void (ZRProgressHUD::*then)());
 
-    QSizeF contentSize() const;
-    void placePanel();
-    void refreshPresentation();
-
-    int animationType_ = ZRProgressHUDAnimationFade;
-    int mode_ = ZRProgressHUDModeSpinner;
+    ZRProgressHUDAnimation animationType_ = ZRProgressHUDAnimationFade;
+    ZRProgressHUDMode mode_ = ZRProgressHUDModeSpinner;
     QString labelText_;
     QString detailsLabelText_;
     float opacity_ = 0.8f;
@@ -296,26 +282,24 @@ private:
     QSizeF size_;
 
     bool useAnimation_ = false;
-    QPointer<QObject> targetForExecution_;
-    QByteArray methodForExecution_;
-    QVariant objectForExecution_;
-    NoticePanel* panel_ = nullptr;
-    QRectF panelRect_;
-    QPixmap dimming_;
-    QLabel* label_ = nullptr;
-    QLabel* detailsLabel_ = nullptr;
     bool isFinished_ = false;
+    QPointer<NoticeOverlay> overlay_;
     QPointer<QWidget> indicator_;
     QPointer<QWidget> superview_;
     qreal alpha_ = 0;
     qreal zoom_ = 1;
     qreal rotationAngle_ = 0;
-    HUDPresentationEffect* presentation_ = nullptr;
     QPointer<QAbstractAnimation> animation_;
     bool needsLayout_ = false;
     Clock clock_ = [] {
         return std::chrono::steady_clock::now();
     };
+    static inline std::optional<int> orientationOverride_;
 };
+
+using ZRProgressHUDMode = ZRProgressHUD::ZRProgressHUDMode;
+using ZRProgressHUDAnimation = ZRProgressHUD::ZRProgressHUDAnimation;
+using enum ZRProgressHUD::ZRProgressHUDMode;
+using enum ZRProgressHUD::ZRProgressHUDAnimation;
 
 } // namespace pomwick

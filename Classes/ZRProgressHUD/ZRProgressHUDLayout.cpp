@@ -1,14 +1,10 @@
-// The notice's layout (indicator, label and details stacked in a centered panel) and drawing.
-#include "Appearance.h"
-#include "NoticePanel.h"
+// The notice's layout: indicator, label and details stacked in a centered panel.
+#include "NoticeOverlay.h"
 #include "TextDrawing.h"
 #include "ViewGeometry.h"
 #include "ZRProgressHUD.h"
 
 #include <QFontMetricsF>
-#include <QLabel>
-#include <QPainter>
-#include <QRadialGradient>
 #include <cmath>
 
 namespace pomwick {
@@ -31,33 +27,15 @@ QSizeF wrappedTextSize(const QString& text, const QFont& font, qreal maxWidth, q
 
 } // namespace
 
-QSizeF ZRProgressHUD::contentSize() const {
-    const QSizeF widgetSize = QWidget::size();
-    const int orientation = interfaceOrientation(this);
-    const bool landscape =
-        superview_ && superview_->isWindow() && (orientation == 3 || orientation == 4);
-    return landscape ? widgetSize.transposed() : widgetSize;
-}
-
-void ZRProgressHUD::placePanel() {
-    // The layout works in the notice's own (possibly turned) bounds; the panel is turned about
-    // the notice's center, so its center moves with the turn and the panel itself turns with the
-    // presentation transform.
-    const QPointF fromCenter =
-        panelRect_.center() - QPointF(contentSize().width(), contentSize().height()) / 2;
-    QTransform turn;
-    turn.rotateRadians(rotationAngle_);
-    const QPointF center = QPointF(width(), height()) / 2 + turn.map(fromCenter);
-    QRectF placed(QPointF(), panelRect_.size());
-    placed.moveCenter(center);
-    setFrame(panel_, placed);
-}
-
 void ZRProgressHUD::layoutSubviews() {
     needsLayout_ = false;
     if (superview_)
-        setGeometry(superview_->rect());
-    const QSizeF bounds = contentSize();
+        overlay_->setGeometry(superview_->rect());
+    // In landscape a window's notice lays out in its turned bounds.
+    const int orientation = interfaceOrientation();
+    const bool turned =
+        superview_ && superview_->isWindow() && (orientation == 3 || orientation == 4);
+    const QSizeF bounds = turned ? QSizeF(overlay_->size()).transposed() : QSizeF(overlay_->size());
     const qreal w = bounds.width();
     const qreal h = bounds.height();
     const qreal m = margin_;
@@ -66,8 +44,8 @@ void ZRProgressHUD::layoutSubviews() {
     QSizeF indicatorSize = indicator_ ? frame(indicator_).size() : QSizeF(0, 0);
     indicatorSize.setWidth(std::min(indicatorSize.width(), maxWidth));
     QSizeF labelSize(0, 0);
-    if (!label_->text().isEmpty()) {
-        labelSize = sizeWithAttributes(label_->text(), label_->font());
+    if (!labelText_.isEmpty()) {
+        labelSize = sizeWithAttributes(labelText_, labelFont_);
         labelSize.setWidth(std::min(labelSize.width(), maxWidth));
     }
     const bool indicatorOrLabel = indicatorSize.height() > 0 || labelSize.height() > 0;
@@ -77,10 +55,10 @@ void ZRProgressHUD::layoutSubviews() {
         totalHeight += padding;
 
     const qreal remainingHeight = h - totalHeight - padding - 4 * m;
-    const QSizeF detailsSize = detailsLabel_->text().isEmpty()
-                                   ? QSizeF()
-                                   : wrappedTextSize(detailsLabel_->text(), detailsLabel_->font(),
-                                                     maxWidth, remainingHeight);
+    const QSizeF detailsSize =
+        detailsLabelText_.isEmpty()
+            ? QSizeF()
+            : wrappedTextSize(detailsLabelText_, detailsLabelFont_, maxWidth, remainingHeight);
     totalWidth = std::max(totalWidth, detailsSize.width());
     totalHeight += detailsSize.height();
     if (detailsSize.height() > 0 && indicatorOrLabel)
@@ -113,42 +91,13 @@ void ZRProgressHUD::layoutSubviews() {
     totalHeight = std::max(totalHeight, minSize_.height());
     size_ = {totalWidth, totalHeight};
 
-    panelRect_ =
-        QRectF(std::round((w - size_.width()) / 2) + xOffset_,
-               std::round((h - size_.height()) / 2) + yOffset_, size_.width(), size_.height());
-    placePanel();
-    // The stacked parts sit in the panel, at the places computed in the notice's bounds.
-    const QPointF panelOrigin = panelRect_.topLeft();
+    const QRectF panel(std::round((w - size_.width()) / 2) + xOffset_,
+                       std::round((h - size_.height()) / 2) + yOffset_, size_.width(),
+                       size_.height());
+    // The indicator keeps its frame, where the overlay draws it.
     if (indicator_)
-        setFrame(indicator_, indicatorFrame.translated(-panelOrigin));
-    setFrame(label_, labelFrame.translated(-panelOrigin));
-    setFrame(detailsLabel_, detailsFrame.translated(-panelOrigin));
-    panel_->setFill(color_.isValid() ? color_ : Appearance::noticeBackground(opacity_),
-                    cornerRadius_);
-}
-
-void ZRProgressHUD::paintEvent(QPaintEvent*) {
-    layoutIfNeeded();
-    if (!dimBackground_)
-        return;
-    QPainter painter(this);
-    painter.setOpacity(alpha_);
-    const qreal scale = devicePixelRatioF();
-    if (dimming_.size() != size() * scale) {
-        // Drawn once per size: the gradient is the costly part of an animation frame.
-        dimming_ = QPixmap(size() * scale);
-        dimming_.setDevicePixelRatio(scale);
-        dimming_.fill(Qt::transparent);
-        QPainter gradient(&dimming_);
-        const qreal w = width();
-        const qreal h = height();
-        // Padded past its end, so the corners outside the circle take the full dimming.
-        QRadialGradient dimming(QPointF(w / 2, h / 2), std::min(w, h));
-        dimming.setColorAt(0.0, QColor::fromRgbF(0, 0, 0, 0));
-        dimming.setColorAt(1.0, QColor::fromRgbF(0, 0, 0, 0.75f));
-        gradient.fillRect(rect(), dimming);
-    }
-    painter.drawPixmap(0, 0, dimming_);
+        setFrame(indicator_, indicatorFrame);
+    overlay_->setFrames({bounds, panel, indicatorFrame, labelFrame, detailsFrame});
 }
 
 } // namespace pomwick

@@ -2,7 +2,6 @@
 
 #include "PathArcs.h"
 
-#include <QAccessible>
 #include <QPainter>
 #include <numbers>
 
@@ -11,41 +10,14 @@ namespace {
 constexpr qreal twelveOClock = -std::numbers::pi / 2;
 }
 
-ZRRoundProgressView::ZRRoundProgressView(QWidget* parent) : QWidget(parent) {
-    setGeometry(0, 0, 37, 37);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAccessibleName("Progress");
-}
+ZRRoundProgressView::ZRRoundProgressView(QWidget* parent)
+    : ProgressIndicatorView({37, 37}, parent) {}
 
-void ZRRoundProgressView::setProgress(float progress) {
-    progress_ = progress;
-    update();
-    QAccessibleValueChangeEvent event(this, progress);
-    QAccessible::updateAccessibility(&event);
-    emit progressChanged();
-}
-
-void ZRRoundProgressView::setProgressTintColor(const QColor& color) {
-    progressTintColor_ = color;
-    update();
-}
-
-void ZRRoundProgressView::setBackgroundTintColor(const QColor& color) {
-    backgroundTintColor_ = color;
-    update();
-}
-
-void ZRRoundProgressView::setAnnular(bool annular) {
-    annular_ = annular;
-    update();
-}
-
-void ZRRoundProgressView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void ZRRoundProgressView::paint(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal w = width();
     const QPointF center(w / 2, height() / 2.0);
-    const qreal endAngle = twelveOClock + 2 * std::numbers::pi * qreal(progress_);
+    const qreal endAngle = twelveOClock + 2 * std::numbers::pi * qreal(progress());
     if (annular_) {
         const qreal radius = (w - 5) / 2;
         const auto stroke = [&](const QColor& color, qreal end) {

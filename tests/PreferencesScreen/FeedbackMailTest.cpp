@@ -1,5 +1,6 @@
 // The "Contact Us" row end to end: the composer, the message a recording sendmail receives (read
 // back with Python's email package), and the notice that reports the result.
+#include "../ZRProgressHUD/ZRProgressHUDTestAccess.h"
 #include "Animations.h"
 #include "FeedbackMailComposer.h"
 #include "MailDrafts.h"
@@ -79,8 +80,8 @@ protected:
         EXPECT_EQ(hud->labelText(), label);
         if (imageFile == nullptr) {
             EXPECT_EQ(hud->mode(), ZRProgressHUDModeSpinner);
-            EXPECT_TRUE(hud->pendingDelayedHides().empty());
-            EXPECT_NE(hud->runningAnimation(), nullptr); // hiding at once
+            EXPECT_TRUE(ZRProgressHUDTestAccess::delayedHides(hud).empty());
+            EXPECT_NE(ZRProgressHUDTestAccess::animation(hud), nullptr); // hiding at once
             return;
         }
         EXPECT_EQ(hud->mode(), ZRProgressHUDModeCustomView);
@@ -89,8 +90,8 @@ protected:
         EXPECT_EQ(image->size(), QSize(50, 50));
         EXPECT_EQ(image->pixmap().toImage(),
                   loadBundleImage(imageFile).convertToFormat(image->pixmap().toImage().format()));
-        ASSERT_EQ(hud->pendingDelayedHides().size(), 1u);
-        EXPECT_EQ(hud->pendingDelayedHides()[0]->interval(), 2000);
+        ASSERT_EQ(ZRProgressHUDTestAccess::delayedHides(hud).size(), 1u);
+        EXPECT_EQ(ZRProgressHUDTestAccess::delayedHides(hud)[0]->interval(), 2000);
     }
 
     // The message sendmail received, or the given file, as read back.

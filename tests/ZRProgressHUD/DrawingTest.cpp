@@ -2,9 +2,8 @@
 // drawn at scale 1 and 2: where color lands.
 #include "ActivityIndicatorView.h"
 #include "TextDrawing.h"
-#include "ViewGeometry.h"
 #include "ZRBarProgressView.h"
-#include "ZRProgressHUD.h"
+#include "ZRProgressHUDTestAccess.h"
 #include "ZRRoundProgressView.h"
 
 #include <QFontMetricsF>
@@ -14,6 +13,7 @@
 #include <memory>
 
 using namespace pomwick;
+using Access = ZRProgressHUDTestAccess;
 
 namespace {
 
@@ -38,7 +38,7 @@ template <class Case> auto atScalesOneAndTwo(const Case& cases) {
 }
 
 // A notice in the mode, shown at once over a host of the size that owns it.
-std::pair<std::unique_ptr<QWidget>, ZRProgressHUD*> notice(QSize size, int mode) {
+std::pair<std::unique_ptr<QWidget>, ZRProgressHUD*> notice(QSize size, ZRProgressHUDMode mode) {
     auto host = std::make_unique<QWidget>();
     host->resize(size);
     auto* hud = ZRProgressHUD::showHUDAddedTo(host.get(), false);
@@ -58,7 +58,7 @@ TEST_P(PanelDrawing, IsARoundedTranslucentRectangleOverAnOptionalRadialDimming) 
     hud->setMinSize({100, 60});
     hud->setDimBackground(dim);
     hud->layoutSubviews();
-    const QColor pixel = pixelAt(renderAt(hud, scale), point);
+    const QColor pixel = pixelAt(renderAt(Access::overlay(hud), scale), point);
     EXPECT_NEAR(pixel.alpha(), alpha, 4) << point.x() << "," << point.y();
     EXPECT_LE(pixel.red(), 2);
 }
@@ -149,33 +149,30 @@ const BarCase barCases[] = {
     {0, "...."}, {0.001f, "#..."}, {0.5f, "##.."}, {1, "####"}, {NAN, "...."}};
 INSTANTIATE_TEST_SUITE_P(Values, BarProgressDrawing, atScalesOneAndTwo(barCases));
 
-// A part's frame in the notice's bounds: parts sit in the panel.
-QRectF inNotice(const QWidget* part) {
-    return frame(part).translated(frame(part->parentWidget()).topLeft());
-}
-
 TEST(NoticeLayout, StacksIndicatorLabelAndDetailsWithPaddingInACenteredPanel) {
     const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeSpinner);
     hud->setLabelText("Loading");
     hud->setDetailsLabelText("Please wait");
     hud->layoutSubviews();
+    const auto& frames = Access::frames(hud);
     const QSizeF label = sizeWithAttributes("Loading", hud->labelFont());
     const qreal detailsHeight = QFontMetricsF(hud->detailsLabelFont()).height();
-    EXPECT_DOUBLE_EQ(hud->panelSize().height(), 37 + 4 + label.height() + 4 + detailsHeight + 40);
-    const qreal widest = std::max({37.0, label.width(), inNotice(hud->detailsLabel()).width()});
-    EXPECT_DOUBLE_EQ(hud->panelSize().width(), widest + 40);
-    const qreal top = std::round((480 - hud->panelSize().height()) / 2) + 20;
-    EXPECT_EQ(inNotice(hud->indicator()), QRectF(std::round((320 - 37) / 2.0), top, 37, 37));
-    EXPECT_DOUBLE_EQ(inNotice(hud->label()).top(), top + 37 + 4);
-    EXPECT_DOUBLE_EQ(inNotice(hud->detailsLabel()).top(), top + 37 + 4 + label.height() + 4);
-    EXPECT_EQ(frame(hud), QRectF(0, 0, 320, 480)); // it covers its host
+    EXPECT_DOUBLE_EQ(hud->size().height(), 37 + 4 + label.height() + 4 + detailsHeight + 40);
+    const qreal widest = std::max({37.0, label.width(), frames.details.width()});
+    EXPECT_DOUBLE_EQ(hud->size().width(), widest + 40);
+    const qreal top = std::round((480 - hud->size().height()) / 2) + 20;
+    EXPECT_EQ(frames.indicator, QRectF(std::round((320 - 37) / 2.0), top, 37, 37));
+    EXPECT_DOUBLE_EQ(frames.label.top(), top + 37 + 4);
+    EXPECT_DOUBLE_EQ(frames.details.top(), top + 37 + 4 + label.height() + 4);
+    // It covers its host.
+    EXPECT_EQ(Access::overlay(hud)->geometry(), QRect(0, 0, 320, 480));
 
     // A minimum size enlarges the panel, not where the content sits.
-    const QRectF labelFrame = inNotice(hud->label());
+    const QRectF labelFrame = frames.label;
     hud->setMinSize({250, 300});
     hud->layoutSubviews();
-    EXPECT_EQ(hud->panelSize(), QSizeF(250, 300));
-    EXPECT_EQ(inNotice(hud->label()), labelFrame);
+    EXPECT_EQ(hud->size(), QSizeF(250, 300));
+    EXPECT_EQ(frames.label, labelFrame);
 }
 
 TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
@@ -184,12 +181,12 @@ TEST(NoticeLayout, CutsLongTextsToTheRoomLeft) {
     // Ten thousand characters wrap within W - 4m and keep only the whole lines that fit.
     hud->setDetailsLabelText(QString("word ").repeated(2000));
     hud->layoutSubviews();
-    EXPECT_DOUBLE_EQ(inNotice(hud->label()).width(), 320 - 80);
-    const QRectF details = inNotice(hud->detailsLabel());
-    EXPECT_LE(details.width(), 240);
+    const auto& frames = Access::frames(hud);
+    EXPECT_DOUBLE_EQ(frames.label.width(), 320 - 80);
+    EXPECT_LE(frames.details.width(), 240);
     const qreal room = 240 - sizeWithAttributes("X", hud->labelFont()).height() - 4 - 80;
-    EXPECT_LE(details.height(), room);
-    EXPECT_GT(details.height(), room - QFontMetricsF(hud->detailsLabelFont()).lineSpacing());
+    EXPECT_LE(frames.details.height(), room);
+    EXPECT_GT(frames.details.height(), room - QFontMetricsF(hud->detailsLabelFont()).lineSpacing());
 }
 
 // Square grows the short side to the long one, unless the host has no room for it.
@@ -198,11 +195,11 @@ TEST(NoticeLayout, SquareGrowsTheShortSideOnlyWhenItFits) {
         const auto [host, hud] = notice(size, ZRProgressHUDModeTextOnly);
         hud->setLabelText("A wide label");
         hud->layoutSubviews();
-        const QSizeF plain = hud->panelSize();
+        const QSizeF plain = hud->size();
         hud->setSquare(true);
         hud->layoutSubviews();
-        EXPECT_DOUBLE_EQ(hud->panelSize().width(), plain.width());
-        EXPECT_DOUBLE_EQ(hud->panelSize().height(), grows ? plain.width() : plain.height());
+        EXPECT_DOUBLE_EQ(hud->size().width(), plain.width());
+        EXPECT_DOUBLE_EQ(hud->size().height(), grows ? plain.width() : plain.height());
     }
 }
 
@@ -221,33 +218,33 @@ TEST(NoticeIndicators, FollowTheModeKeepARingARingAndACustomViewAndTakeProgressO
     for (const auto& [modes, indicatorClass, annular] : cases) {
         const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeSpinner);
         for (const int mode : modes)
-            hud->setMode(mode);
-        ASSERT_NE(hud->indicator(), nullptr);
-        EXPECT_STREQ(hud->indicator()->metaObject()->className(), indicatorClass) << modes.size();
-        EXPECT_EQ(hud->indicator()->property("annular").toBool(), annular) << modes.size();
+            hud->setMode(ZRProgressHUDMode(mode));
+        const QWidget* indicator = Access::indicator(hud);
+        ASSERT_NE(indicator, nullptr);
+        EXPECT_STREQ(indicator->metaObject()->className(), indicatorClass) << modes.size();
+        EXPECT_EQ(indicator->property("annular").toBool(), annular) << modes.size();
     }
 
     const auto [host, hud] = notice({320, 480}, ZRProgressHUDModeRoundProgress);
     hud->setProgress(0.4f);
-    EXPECT_FLOAT_EQ(hud->indicator()->property("progress").toFloat(), 0.4f);
+    EXPECT_FLOAT_EQ(Access::indicator(hud)->property("progress").toFloat(), 0.4f);
 
     hud->setMode(ZRProgressHUDModeCustomView);
-    EXPECT_EQ(hud->indicator(), nullptr); // none given yet
+    EXPECT_EQ(Access::indicator(hud), nullptr); // none given yet
     auto* image = new QLabel;
     image->resize(50, 50);
     hud->setCustomView(image);
-    EXPECT_EQ(hud->indicator(), image);
-    EXPECT_EQ(image->parentWidget(), hud->panel());
+    EXPECT_EQ(Access::indicator(hud), image);
+    EXPECT_EQ(image->parentWidget(), Access::overlay(hud));
     hud->setProgress(0.9f); // a label has no progress: nothing happens
     EXPECT_FLOAT_EQ(hud->progress(), 0.9f);
     hud->setMode(ZRProgressHUDModeTextOnly);
-    EXPECT_TRUE(image->isHidden()); // kept, as the custom view, for later
-    EXPECT_EQ(hud->customView(), image);
+    EXPECT_EQ(Access::indicator(hud), nullptr);
+    EXPECT_EQ(hud->customView(), image); // kept, as the custom view, for later
     // Text only, with only details: no padding above them.
     hud->setDetailsLabelText("Only details");
     hud->layoutSubviews();
-    EXPECT_EQ(hud->indicator(), nullptr);
-    EXPECT_DOUBLE_EQ(hud->panelSize().height(), inNotice(hud->detailsLabel()).height() + 40);
+    EXPECT_DOUBLE_EQ(hud->size().height(), Access::frames(hud).details.height() + 40);
 }
 
 } // namespace

@@ -1,10 +1,8 @@
 // When the notice shows and hides. Timers are fired by hand and animations run to their end by
 // hand, with a clock the test moves: nothing here waits for real time but the worker threads.
 #include "Animations.h"
-#include "ZRProgressHUD.h"
+#include "ZRProgressHUDTestAccess.h"
 
-#include <QGuiApplication>
-#include <QLabel>
 #include <QScreen>
 #include <QTest>
 #include <QThreadPool>
@@ -20,31 +18,16 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Runs a pending one-shot timer now.
-void fire(const QTimer& timer) {
-    ASSERT_TRUE(timer.isActive());
-    const_cast<QTimer&>(timer).stop();
-    QMetaObject::invokeMethod(const_cast<QTimer*>(&timer), "timeout");
-}
-
-void finishAnimation(ZRProgressHUD* hud) {
-    QAbstractAnimation* animation = hud->runningAnimation();
-    ASSERT_NE(animation, nullptr);
-    animation->setCurrentTime(animation->totalDuration());
-}
+using Access = ZRProgressHUDTestAccess;
 
 class Listener : public QObject, public ZRProgressHUDDelegate {
     Q_OBJECT
     Q_INTERFACES(pomwick::ZRProgressHUDDelegate)
 public:
     void hudWasHidden(ZRProgressHUD* hud) override { events.push_back(hud ? "hidden" : "null"); }
-    std::vector<std::string> events;
-};
-
-class Work : public QObject {
-    Q_OBJECT
-public:
+    // Work for showWhileExecuting, run on its thread.
     Q_INVOKABLE void run(const QVariant& value) { received = value.toInt(); }
+    std::vector<std::string> events;
     std::atomic<int> received = 0;
 };
 
@@ -53,8 +36,8 @@ protected:
     NoticeLifecycle() {
         host.resize(320, 480);
         hud = new ZRProgressHUD(&host);
-        hud->setParent(&host);
-        hud->setClock([this] { return now; });
+        hud->setSuperview(&host);
+        Access::setClock(hud, [this] { return now; });
         hud->setDelegate(&listener);
         hud->setCompletionBlock([this] { listener.events.push_back("completion"); });
     }
@@ -67,28 +50,42 @@ protected:
     std::chrono::steady_clock::time_point now{};
 };
 
-TEST_F(NoticeLifecycle, GraceTimeNeverShowsAQuickTaskYetReportsItsEnd) {
+TEST_F(NoticeLifecycle, GraceTimeNeverShowsAQuickTaskYetReportsItsEndAndFailedWorkLeavesItUp) {
     hud->setGraceTime(5.0f); // long enough never to fire by itself here
     QThreadPool queue;
     hud->showAnimated(
         false, [] {}, &queue, [this] { listener.events.push_back("work done"); });
-    EXPECT_EQ(hud->graceTimer().interval(), 5000);
+    EXPECT_EQ(Access::graceTimer(hud).interval(), 5000);
     QTRY_VERIFY_WITH_TIMEOUT(!hud->taskInProgress(), 10000);
     EXPECT_EQ(listener.events, (std::vector<std::string>{"work done", "hidden"}));
-    fire(hud->graceTimer());
-    EXPECT_EQ(std::tuple(hud->alpha(), hud->isHidden()), std::tuple(0, true));
+    ASSERT_TRUE(Access::fire(Access::graceTimer(hud)));
+    EXPECT_EQ(std::tuple(hud->alpha(), Access::overlay(hud)->isHidden()), std::tuple(0, true));
+
+    // Work that throws leaves the notice up.
+    hud->setGraceTime(0);
+    hud->showAnimated(
+        false, [] { throw std::runtime_error("the work failed"); }, &queue);
+    queue.waitForDone();
+    QCoreApplication::processEvents(); // any clean-up the failed work queued
+    EXPECT_EQ(std::tuple(hud->taskInProgress(), hud->alpha()), std::tuple(true, 1));
 }
 
-TEST_F(NoticeLifecycle, MinimumShowTimeDelaysTheHideByTheRemainder) {
+// A delayed hide waits out the minimum show time too; the end cancels the other delayed hides.
+TEST_F(NoticeLifecycle, MinimumShowTimeDelaysTheHideByTheRemainderAndDoneCancelsDelayedHides) {
     hud->setMinShowTime(1.0f);
     hud->show(false);
+    hud->hide(true, 0.3);
+    hud->hide(false, 5.0);
+    ASSERT_EQ(Access::delayedHides(hud).size(), 2u);
+    EXPECT_EQ(Access::delayedHides(hud)[0]->interval(), 300);
     now += 300ms;
-    hud->hide(true);
-    EXPECT_EQ(hud->minShowTimer().interval(), 700);
+    ASSERT_TRUE(Access::fire(*Access::delayedHides(hud)[0]));
+    EXPECT_EQ(Access::minShowTimer(hud).interval(), 700);
     EXPECT_EQ(hud->alpha(), 1);
-    fire(hud->minShowTimer());
-    finishAnimation(hud);
+    ASSERT_TRUE(Access::fire(Access::minShowTimer(hud)));
+    ASSERT_TRUE(Access::finishAnimation(hud));
     EXPECT_EQ(hud->alpha(), 0);
+    EXPECT_TRUE(Access::delayedHides(hud).empty());
     EXPECT_EQ(listener.events, (std::vector<std::string>{"completion", "hidden"}));
 }
 
@@ -99,36 +96,34 @@ TEST_F(NoticeLifecycle, HidingANeverShownNoticeEndsAtOnceAndOnlyALiveDelegateHea
     EXPECT_EQ(listener.events, (std::vector<std::string>{"completion", "hidden", "hidden"}));
 
     // Neither a deleted delegate nor an object without the interface hears anything.
-    auto* gone = new Listener;
-    hud->setDelegate(gone);
-    delete gone;
+    hud->setDelegate(std::make_unique<Listener>().get()); // deleted at once
     hud->hide(false);
-    QObject plain;
-    hud->setDelegate(&plain);
+    hud->setDelegate(&host); // a widget, without the interface
     hud->hide(false);
     EXPECT_EQ(listener.events.size(), 3u);
 }
 
 // The animation type, the zoom the notice shows from, the zoom it hides to.
-class NoticeAnimations : public NoticeLifecycle,
-                         public testing::WithParamInterface<std::tuple<int, qreal, qreal>> {};
+class NoticeAnimations
+    : public NoticeLifecycle,
+      public testing::WithParamInterface<std::tuple<ZRProgressHUDAnimation, qreal, qreal>> {};
 
 TEST_P(NoticeAnimations, FadeOrZoomInAndOutStoppingJustShortOfClear) {
     const auto [type, showsFrom, hidesTo] = GetParam();
     hud->setAnimationType(type);
     hud->show(true);
     EXPECT_EQ(hud->zoom(), showsFrom);
-    EXPECT_EQ(hud->runningAnimation()->totalDuration(), 300);
-    finishAnimation(hud);
+    EXPECT_EQ(Access::animation(hud)->totalDuration(), 300);
+    ASSERT_TRUE(Access::finishAnimation(hud));
     EXPECT_EQ(std::tuple(hud->alpha(), hud->zoom()), std::tuple(1, 1));
 
     hud->hide(true);
-    QAbstractAnimation* hiding = hud->runningAnimation();
+    QAbstractAnimation* hiding = Access::animation(hud);
     hiding->setCurrentTime(hiding->totalDuration() - 1);
     EXPECT_NEAR(hud->alpha(), 0.02, 0.001);
     EXPECT_NEAR(hud->zoom(), hidesTo, 0.001);
     EXPECT_TRUE(listener.events.empty());
-    finishAnimation(hud);
+    ASSERT_TRUE(Access::finishAnimation(hud));
     EXPECT_EQ(hud->alpha(), 0); // done() takes it the last step
     EXPECT_EQ(listener.events.size(), 2u);
 }
@@ -138,19 +133,9 @@ INSTANTIATE_TEST_SUITE_P(Types, NoticeAnimations,
                                          std::tuple(ZRProgressHUDAnimationZoomDown, 1.5, 0.5),
                                          std::tuple(ZRProgressHUDAnimationZoomUp, 0.5, 1.5)));
 
-TEST_F(NoticeLifecycle, DoneCancelsPendingDelayedHides) {
-    hud->show(false);
-    hud->hide(false, 2.0);
-    hud->hide(false, 5.0);
-    ASSERT_EQ(hud->pendingDelayedHides().size(), 2u);
-    EXPECT_EQ(hud->pendingDelayedHides()[0]->interval(), 2000);
-    fire(*hud->pendingDelayedHides()[0]);
-    EXPECT_TRUE(hud->pendingDelayedHides().empty());
-    EXPECT_EQ(listener.events.size(), 2u);
-}
-
 TEST(NoticeOverAView, ClassOperationsFindShowAndRemoveNoticesAndADestroyedViewLeavesNothingBehind) {
     QWidget view;
+    EXPECT_THROW(ZRProgressHUD(nullptr), std::invalid_argument);
     EXPECT_FALSE(ZRProgressHUD::hideHUDForView(&view, true));
 
     ZRProgressHUD* first = ZRProgressHUD::showHUDAddedTo(&view, false);
@@ -183,15 +168,6 @@ TEST(NoticeOverAView, ClassOperationsFindShowAndRemoveNoticesAndADestroyedViewLe
     QCoreApplication::processEvents(); // the work's queued clean-up finds no notice
 }
 
-TEST_F(NoticeLifecycle, WorkThatThrowsLeavesTheNoticeUp) {
-    QThreadPool queue;
-    hud->showAnimated(
-        false, [] { throw std::runtime_error("the work failed"); }, &queue);
-    queue.waitForDone();
-    QCoreApplication::processEvents(); // any clean-up the failed work queued
-    EXPECT_EQ(std::tuple(hud->taskInProgress(), hud->alpha()), std::tuple(true, 1));
-}
-
 TEST_F(NoticeLifecycle, WorkAndChangesFromOtherThreadsTakeEffectOnTheMainThread) {
     std::thread::id completedOn;
     hud->setCompletionBlock([&] { completedOn = std::this_thread::get_id(); });
@@ -199,36 +175,34 @@ TEST_F(NoticeLifecycle, WorkAndChangesFromOtherThreadsTakeEffectOnTheMainThread)
         hud->setLabelText("From a worker");
         hud->hide(false);
     }).join();
-    EXPECT_FALSE(hud->isFinished()); // queued, not run on the worker
-    QTRY_VERIFY(hud->isFinished());
-    EXPECT_EQ(completedOn, std::this_thread::get_id());
-    EXPECT_EQ(hud->label()->text(), "From a worker");
+    EXPECT_EQ(completedOn, std::thread::id()); // queued, not run on the worker
+    QTRY_VERIFY(completedOn == std::this_thread::get_id());
+    EXPECT_EQ(Access::overlay(hud)->accessibleName(), "From a worker");
 
     // A selector's work gets its argument on its own thread; the notice still ends on this one.
     completedOn = {};
     hud->setCompletionBlock([&] { completedOn = std::this_thread::get_id(); });
-    Work work;
-    hud->showWhileExecuting(&work, "run", 42, false);
+    hud->showWhileExecuting(&listener, "run", 42, false);
     EXPECT_TRUE(hud->taskInProgress());
     QTRY_VERIFY_WITH_TIMEOUT(completedOn == std::this_thread::get_id(), 10000);
-    EXPECT_EQ(work.received, 42);
+    EXPECT_EQ(listener.received, 42);
 }
 
 TEST(NoticeOverAView, ATopLevelWindowTurnsTheNoticeWithTheScreen) {
     QWidget window;
     window.resize(400, 300);
-    ZRProgressHUD::setInterfaceOrientationOverride(3);
+    Access::setOrientation(3);
     auto* hud = ZRProgressHUD::showHUDAddedTo(&window, false);
     EXPECT_DOUBLE_EQ(hud->rotationAngle(), std::numbers::pi / 2);
     // It lays out in its turned bounds, 300 wide: a long label is cut to 300 - 4m.
     hud->setLabelText(QString(200, 'W'));
     hud->layoutSubviews();
-    EXPECT_EQ(hud->label()->width(), 220);
+    EXPECT_EQ(Access::frames(hud).label.width(), 220);
 
-    ZRProgressHUD::setInterfaceOrientationOverride(4);
+    Access::setOrientation(4);
     emit QGuiApplication::primaryScreen()->orientationChanged(Qt::LandscapeOrientation);
     QTRY_COMPARE(hud->rotationAngle(), -std::numbers::pi / 2);
-    ZRProgressHUD::setInterfaceOrientationOverride(std::nullopt);
+    Access::setOrientation(std::nullopt);
 }
 
 } // namespace

@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     if (argc != 2)
         return 2;
     const struct {
-        int mode;
+        ZRProgressHUDMode mode;
         const char *label, *details;
         float progress;
         bool dim;

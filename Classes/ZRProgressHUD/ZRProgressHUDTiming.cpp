@@ -1,45 +1,21 @@
 // When the notice shows and hides: grace time, minimum show time, delayed hides, the fade and
 // zoom animations, work run while shown, and turning with the window's screen.
 #include "Animations.h"
+#include "NoticeOverlay.h"
+#include "NoticeWork.h"
 #include "ZRProgressHUD.h"
 
-#include <QCoreApplication>
 #include <QParallelAnimationGroup>
 #include <QPropertyAnimation>
 #include <QScreen>
 #include <QThreadPool>
-#include <QWindow>
 #include <numbers>
-#include <thread>
 
 namespace pomwick {
 namespace {
 
-std::optional<int>& orientationOverride() {
-    static std::optional<int> orientation;
-    return orientation;
-}
-
 int milliseconds(double seconds) {
     return int(std::lround(std::clamp(seconds, 0.0, 1e9) * 1000));
-}
-
-// On a worker thread: runs the work, then has the main thread clean the notice up, if it still
-// exists. Whatever the work throws stays on its thread, and the notice is simply left up.
-void runThenCleanUp(const std::function<void()>& work, const QPointer<ZRProgressHUD>& self,
-                    void (ZRProgressHUD::*cleanUp)()) {
-    try {
-        work();
-    } catch (...) {
-        return;
-    }
-    QMetaObject::invokeMethod(
-        qApp,
-        [self, cleanUp] {
-            if (self)
-                (self.data()->*cleanUp)();
-        },
-        Qt::QueuedConnection);
 }
 
 } // namespace
@@ -51,7 +27,7 @@ void ZRProgressHUD::show(bool animated) {
             graceTimer_.start(milliseconds(graceTime_));
             return;
         }
-        update();
+        overlay_->update();
         showUsingAnimation(useAnimation_);
     });
 }
@@ -60,7 +36,7 @@ void ZRProgressHUD::handleGraceTimer() {
     // A task that ended within the grace time never shows the notice.
     if (!taskInProgress_)
         return;
-    update();
+    overlay_->update();
     showUsingAnimation(useAnimation_);
 }
 
@@ -96,38 +72,28 @@ void ZRProgressHUD::hide(bool animated, double delaySeconds) {
     });
 }
 
-std::vector<const QTimer*> ZRProgressHUD::pendingDelayedHides() const {
-    return {delayedHides_.begin(), delayedHides_.end()};
-}
-
 void ZRProgressHUD::showUsingAnimation(bool animated) {
     stopAnimation();
-    const bool zooms = animationType_ == ZRProgressHUDAnimationZoomDown ||
-                       animationType_ == ZRProgressHUDAnimationZoomUp;
+    const bool zooms = animationType_ != ZRProgressHUDAnimationFade;
     if (animated && zooms)
         setZoom(animationType_ == ZRProgressHUDAnimationZoomDown ? 1.5 : 0.5);
     showStarted_ = clock_();
-    if (!animated) {
+    if (animated)
+        animate(1.0, zooms ? std::optional(1.0) : std::nullopt, nullptr);
+    else
         setAlpha(1);
-        return;
-    }
-    std::vector<std::pair<const char*, qreal>> targets{{"alpha", 1.0}};
-    if (zooms)
-        targets.emplace_back("zoom", 1.0);
-    animate(targets, animationMilliseconds, nullptr);
 }
 
 void ZRProgressHUD::hideUsingAnimation(bool animated) {
     stopAnimation();
     if (animated && showStarted_) {
-        std::vector<std::pair<const char*, qreal>> targets;
+        std::optional<qreal> zoom;
         if (animationType_ == ZRProgressHUDAnimationZoomDown)
-            targets.emplace_back("zoom", 0.5);
+            zoom = 0.5;
         else if (animationType_ == ZRProgressHUDAnimationZoomUp)
-            targets.emplace_back("zoom", 1.5);
+            zoom = 1.5;
         // Not quite to 0: done() takes it the rest of the way.
-        targets.emplace_back("alpha", 0.02);
-        animate(targets, animationMilliseconds, [this] { done(); });
+        animate(0.02, zoom, [this] { done(); });
     } else {
         setAlpha(0);
         done();
@@ -135,16 +101,18 @@ void ZRProgressHUD::hideUsingAnimation(bool animated) {
     showStarted_.reset();
 }
 
-void ZRProgressHUD::animate(const std::vector<std::pair<const char*, qreal>>& targets, int duration,
+void ZRProgressHUD::animate(qreal alpha, std::optional<qreal> zoom,
                             std::function<void()> finished) {
     auto* group = new QParallelAnimationGroup(this);
-    for (const auto& [property, value] : targets) {
-        auto* step = new QPropertyAnimation(this, property, group);
-        step->setDuration(Animations::duration(duration));
-        step->setEasingCurve(QEasingCurve::InOutQuad);
-        step->setEndValue(value);
-        group->addAnimation(step);
-    }
+    const auto step = [this, group](const QByteArray& property, qreal value) {
+        auto* animation = new QPropertyAnimation(this, property, group);
+        animation->setDuration(Animations::duration(animationMilliseconds));
+        animation->setEasingCurve(QEasingCurve::InOutQuad);
+        animation->setEndValue(value);
+    };
+    if (zoom)
+        step("zoom", *zoom);
+    step("alpha", alpha);
     connect(group, &QAbstractAnimation::finished, this, [this, group, finished] {
         if (animation_ == group)
             animation_ = nullptr;
@@ -172,8 +140,8 @@ void ZRProgressHUD::done() {
     delayedHides_.clear();
     isFinished_ = true;
     setAlpha(0);
-    if (removeFromSuperViewOnHide_ && parentWidget()) {
-        setParent(nullptr);
+    if (removeFromSuperViewOnHide_ && superview_) {
+        setSuperview(nullptr);
         deleteLater();
     }
     if (completionBlock_) {
@@ -187,25 +155,15 @@ void ZRProgressHUD::done() {
 
 void ZRProgressHUD::showWhileExecuting(QObject* target, const char* method, const QVariant& object,
                                        bool animated) {
-    targetForExecution_ = target;
-    methodForExecution_ = method;
-    objectForExecution_ = object;
     taskInProgress_ = true;
-    std::thread(&ZRProgressHUD::launchExecution, target, methodForExecution_, object,
-                QPointer<ZRProgressHUD>(this))
-        .detach();
-    show(animated);
-}
-
-void ZRProgressHUD::launchExecution(QObject* target, const QByteArray& method,
-                                    const QVariant& object, const QPointer<ZRProgressHUD>& self) {
-    // On the work's own thread, which touches nothing of the notice but its weak pointer.
-    runThenCleanUp(
-        [&] {
+    runThen(
+        nullptr,
+        [target, method = QByteArray(method), object] {
             QMetaObject::invokeMethod(target, method.constData(), Qt::DirectConnection,
                                       Q_ARG(QVariant, object));
         },
-        self, &ZRProgressHUD::cleanUp);
+        this, [this] { cleanUp(); });
+    show(animated);
 }
 
 void ZRProgressHUD::showAnimated(bool animated, std::function<void()> block) {
@@ -225,23 +183,19 @@ void ZRProgressHUD::showAnimated(bool animated, std::function<void()> block, QTh
                                  std::function<void()> completion) {
     taskInProgress_ = true;
     completionBlock_ = std::move(completion);
-    queue->start([block = std::move(block), self = QPointer<ZRProgressHUD>(this)] {
-        runThenCleanUp(block, self, &ZRProgressHUD::cleanUp);
-    });
+    runThen(queue, std::move(block), this, [this] { cleanUp(); });
     show(animated);
 }
 
 void ZRProgressHUD::cleanUp() {
     taskInProgress_ = false;
-    targetForExecution_ = nullptr;
-    objectForExecution_.clear();
     hide(useAnimation_);
 }
 
-int ZRProgressHUD::interfaceOrientation(const QWidget* widget) {
-    if (orientationOverride())
-        return *orientationOverride();
-    const QScreen* screen = widget->screen();
+int ZRProgressHUD::interfaceOrientation() const {
+    if (orientationOverride_)
+        return *orientationOverride_;
+    const QScreen* screen = overlay_->screen();
     if (screen == nullptr)
         return 1;
     switch (screen->angleBetween(screen->nativeOrientation(), screen->orientation())) {
@@ -256,19 +210,15 @@ int ZRProgressHUD::interfaceOrientation(const QWidget* widget) {
     }
 }
 
-void ZRProgressHUD::setInterfaceOrientationOverride(std::optional<int> orientation) {
-    orientationOverride() = orientation;
-}
-
 void ZRProgressHUD::setTransformForCurrentOrientation(bool animated) {
     if (superview_) {
-        setGeometry(superview_->rect());
+        overlay_->setGeometry(superview_->rect());
         setNeedsLayout();
-        update();
+        overlay_->update();
     }
     constexpr qreal pi = std::numbers::pi;
     qreal angle = 0;
-    switch (interfaceOrientation(this)) {
+    switch (interfaceOrientation()) {
     case 3:
         angle = pi / 2;
         break;
