@@ -20,6 +20,7 @@ CollectionViewCell ColorSwatchDelegate::cell(const QStyleOptionViewItem& option,
     look.backgroundColor = index.data(Qt::BackgroundRole).value<QColor>();
     look.selected = option.state.testFlag(QStyle::State_Selected);
     look.alpha = option.state.testFlag(QStyle::State_Sunken) ? highlightedAlpha : 1.0;
+    look.focused = option.state.testFlag(QStyle::State_HasFocus);
     setColorCell(look, look.selected);
     return look;
 }
@@ -48,7 +49,7 @@ void ColorSwatchDelegate::paint(QPainter* painter, const QStyleOptionViewItem& o
         painter->fillPath(ring, look.borderColor);
     }
     painter->setOpacity(1);
-    if (option.state.testFlag(QStyle::State_HasFocus))
+    if (look.focused)
         Appearance::drawFocusRing(*painter, rect, 0);
 }
 

@@ -6,13 +6,15 @@
 namespace pomwick {
 
 // How a swatch looks at a moment: its color fills the item's square, a border drawn inside its
-// edge marks the selection, and alpha dims the whole swatch.
+// edge marks the selection, alpha dims the whole swatch, and the focus ring shows the keyboard's
+// place.
 struct CollectionViewCell {
     QColor backgroundColor;
     QColor borderColor;
     qreal borderWidth = 0;
     qreal alpha = 1;
     bool selected = false;
+    bool focused = false;
 };
 
 // Paints a palette's rows as plain square swatches: the row's background color, a border while

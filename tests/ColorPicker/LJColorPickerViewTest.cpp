@@ -111,9 +111,7 @@ TEST(LJColorPickerView, LaysSwatchesOutInFullRowsAndATapBordersOneAndReportsItsC
     QObject unaware;
     picker.view.setDelegate(&unaware);
     picker.tap(1);
-    auto gone = std::make_unique<RecordingDelegate>();
-    picker.view.setDelegate(gone.get());
-    gone.reset();
+    picker.view.setDelegate(std::make_unique<RecordingDelegate>().get()); // gone at once
     picker.tap(3);
     EXPECT_EQ(picker.view.selectedColor(), palette(10)[3]);
 }
@@ -122,16 +120,18 @@ TEST(LJColorPickerView, ArrowKeysMoveAndSpaceSelectsAndItReadsAsAListOfNamedColo
     Picker picker(12);
     RecordingDelegate delegate;
     picker.view.setDelegate(&delegate);
-    picker.grid()->setFocus();
+    QApplication::setActiveWindow(&picker.view); // the focus goes to the grid
     for (Qt::Key key :
          {Qt::Key_Home, Qt::Key_Right, Qt::Key_Down, Qt::Key_Right, Qt::Key_Down, Qt::Key_Left})
         QTest::keyClick(picker.grid(), key);
-    EXPECT_TRUE(delegate.told.empty()) << "moving the focus selects nothing";
     QTest::keyClick(picker.grid(), Qt::Key_Space);
-    EXPECT_EQ(delegate.told, std::vector{palette(12)[9]});
+    EXPECT_EQ(delegate.told, std::vector{palette(12)[9]}) << "moving the focus selects nothing";
+    EXPECT_TRUE(picker.cell(9).focused);
     QTest::keyClick(picker.grid(), Qt::Key_End);
     QTest::keyClick(picker.grid(), Qt::Key_Return);
     EXPECT_EQ(picker.view.selectedColor(), palette(12)[11]);
+    picker.tap(0);
+    EXPECT_FALSE(picker.cell(0).focused) << "no ring after a tap";
 
     picker.view.setColors({{1, 0.5f, 0, 1}, Color::black()});
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(picker.grid());

@@ -36,6 +36,8 @@ std::vector<qreal> columns(qreal left, qreal width, qreal spacing, int count) {
 
 CollectionView::CollectionView(QWidget* parent) : ScrollingItemView(parent) {
     setAlwaysBounceVertical(false);
+    // The focus ring follows the input modality from the first key on, not from the first paint.
+    Appearance::showsFocusRing(this);
     new ScrollIndicator(
         this, [this] { return contentInset_.top() + contentHeight_ + contentInset_.bottom(); });
 }
@@ -184,7 +186,7 @@ void CollectionView::applyState(QStyleOptionViewItem& option, const QModelIndex&
         option.state |= QStyle::State_Selected;
     if (item >= 0 && pressed_ == item)
         option.state |= QStyle::State_Sunken;
-    if (item >= 0 && index == currentIndex() && Appearance::showsFocusRing(this))
+    if (Appearance::showsFocusRing(this) && item >= 0 && index == currentIndex())
         option.state |= QStyle::State_HasFocus;
 }
 
