@@ -1,21 +1,15 @@
 #include "LJColorPickerView.h"
 
-#include "ColorDescription.h"
+#include "ColorSwatchModel.h"
 #include "QtConversions.h"
 
 #include <algorithm>
-#include <climits>
 #include <cmath>
 
 namespace pomwick {
 
 LJColorPickerView::LJColorPickerView(QWidget* parent) : QWidget(parent) {
     doInitialization();
-}
-
-LJColorPickerView::~LJColorPickerView() {
-    // The grid asks its data source while it is torn down; it must not find this one half gone.
-    colorView_->setDataSource(nullptr);
 }
 
 void LJColorPickerView::doInitialization() {
@@ -30,11 +24,25 @@ void LJColorPickerView::doInitialization() {
     colorView_->setAlwaysBounceVertical(true);
     // The inset takes the padding of this moment and keeps it when the padding changes later.
     colorView_->setContentInset(QMarginsF(0, colorCellPadding_, 0, colorCellPadding_));
-    colorView_->setDataSource(this);
+    // Owned by the grid, so that they outlive its painting.
+    colors_ = new ColorSwatchModel(colorView_);
+    swatches_ = new ColorSwatchDelegate(colorView_);
+    colorView_->setModel(colors_);
+    colorView_->setItemDelegate(swatches_);
+    connect(colorView_, &CollectionView::itemSelected, this, [this](const QModelIndex& index) {
+        didSelectItemAtIndexPath(colorView_, {0, index.row()});
+    });
+    resetColorPicker();
+}
+
+void LJColorPickerView::holdDelegate(QObject* delegate) {
+    disconnect(delegateConnection_);
+    delegate_ = delegate;
 }
 
 void LJColorPickerView::setColors(std::vector<Color> colors) {
-    colors_ = std::move(colors);
+    if (colors_ != nullptr)
+        colors_->setColors(std::move(colors));
     resetColorPicker();
 }
 
@@ -58,43 +66,35 @@ void LJColorPickerView::setSelectionBorderColor(const Color& color) {
     resetColorPicker();
 }
 
+// The grid is laid out afresh, scrolled to the top, and reset: selection and press are gone.
 void LJColorPickerView::resetColorPicker() {
     if (colorView_ == nullptr)
         return;
+    swatches_->setSelectionAppearance(highlightSelection_, toQColor(selectionBorderColor_));
+    layoutColorView();
     colorView_->setContentOffset({0, 0});
-    colorView_->reloadData();
+    colorView_->reset();
 }
 
 void LJColorPickerView::resizeEvent(QResizeEvent*) {
     colorView_->setGeometry(rect());
+    layoutColorView();
 }
 
-void LJColorPickerView::setColorCell(CollectionViewCell* cell, bool selected) const {
-    if (cell == nullptr)
-        return;
-    if (selected && highlightSelection_)
-        cell->setBorder(toQColor(selectionBorderColor_), selectionBorderWidth);
-    else
-        cell->setBorder(QColor(), 0);
+void LJColorPickerView::layoutColorView() {
+    colorView_->setFlowLayout({sizeForItemAtIndexPath(colorView_, {0, 0}),
+                               minimumInteritemSpacingForSectionAtIndex(colorView_, 0),
+                               minimumLineSpacingForSectionAtIndex(colorView_, 0),
+                               insetForSectionAtIndex(colorView_, 0)});
 }
 
-int LJColorPickerView::numberOfItemsInSection(CollectionView*, int) {
-    return int(std::min<size_t>(colors_.size(), INT_MAX));
-}
-
-CollectionViewCell* LJColorPickerView::cellForItemAtIndexPath(CollectionView* grid,
-                                                              IndexPath indexPath) {
-    CollectionViewCell* cell = grid->dequeueReusableCell(indexPath);
-    setColorCell(cell, cell->isSelected());
-    const Color& color = colors_[size_t(indexPath.row)];
-    cell->setBackgroundColor(toQColor(color));
-    cell->setAccessibleName(describeColor(color));
-    return cell;
+int LJColorPickerView::numberOfItemsInSection(CollectionView*, int) const {
+    return colors_->rowCount();
 }
 
 // The gap total is taken in single precision and cut to whole points before it is subtracted, so
 // that a total below one point (3 per row at 0.4) subtracts nothing.
-QSizeF LJColorPickerView::sizeForItemAtIndexPath(CollectionView* grid, IndexPath) {
+QSizeF LJColorPickerView::sizeForItemAtIndexPath(CollectionView* grid, IndexPath) const {
     const float perRow = float(colorsPerRow_);
     const float gaps = std::trunc((perRow - 1) * float(colorCellPadding_));
     const float width = grid != nullptr ? float(grid->width()) : 0.0f;
@@ -102,38 +102,29 @@ QSizeF LJColorPickerView::sizeForItemAtIndexPath(CollectionView* grid, IndexPath
     return {side, side};
 }
 
-qreal LJColorPickerView::minimumInteritemSpacingForSectionAtIndex(CollectionView*, int) {
+qreal LJColorPickerView::minimumInteritemSpacingForSectionAtIndex(CollectionView*, int) const {
     return colorCellPadding_;
 }
 
-qreal LJColorPickerView::minimumLineSpacingForSectionAtIndex(CollectionView*, int) {
+qreal LJColorPickerView::minimumLineSpacingForSectionAtIndex(CollectionView*, int) const {
     return colorCellPadding_;
 }
 
-QMarginsF LJColorPickerView::insetForSectionAtIndex(CollectionView*, int) {
+QMarginsF LJColorPickerView::insetForSectionAtIndex(CollectionView*, int) const {
     return {};
 }
 
-void LJColorPickerView::didHighlightItemAtIndexPath(CollectionView*, IndexPath indexPath) {
-    if (auto* cell = colorView_->cellForItemAtIndexPath(indexPath))
-        cell->setAlpha(highlightedAlpha);
+CollectionViewCell LJColorPickerView::cellForItemAtIndexPath(CollectionView* grid,
+                                                             IndexPath indexPath) const {
+    const QModelIndex index = grid->model()->index(indexPath.row, 0);
+    return swatches_->cell(grid->itemOption(index), index);
 }
 
-void LJColorPickerView::didUnhighlightItemAtIndexPath(CollectionView*, IndexPath indexPath) {
-    if (auto* cell = colorView_->cellForItemAtIndexPath(indexPath))
-        cell->setAlpha(1.0);
-}
-
+// The swatch's border comes with its selection; the color is kept and reported.
 void LJColorPickerView::didSelectItemAtIndexPath(CollectionView*, IndexPath indexPath) {
-    setColorCell(colorView_->cellForItemAtIndexPath(indexPath), true);
-    const Color color = colors_[size_t(indexPath.row)];
+    const Color color = colors_->color(indexPath.row);
     selectedColor_ = color;
-    if (auto* delegate = dynamic_cast<LJColorPickerViewDelegate*>(delegate_.data()))
-        delegate->didSelectColor(this, color);
-}
-
-void LJColorPickerView::didDeselectItemAtIndexPath(CollectionView*, IndexPath indexPath) {
-    setColorCell(colorView_->cellForItemAtIndexPath(indexPath), false);
+    emit colorPicked(color);
 }
 
 } // namespace pomwick

@@ -2,38 +2,42 @@
 
 #include "CollectionView.h"
 #include "Color.h"
+#include "ColorSwatchDelegate.h"
+#include "TableViewCell.h"
 
 #include <QPointer>
 #include <QWidget>
+#include <concepts>
+#include <cstddef>
 #include <optional>
 #include <vector>
 
 namespace pomwick {
 
-class LJColorPickerView;
-
-// The delegate's one operation, optional: a delegate object that implements this interface is
-// told of every tapped color; any other object is simply not told.
-class LJColorPickerViewDelegate {
-public:
-    virtual ~LJColorPickerViewDelegate() = default;
-    virtual void didSelectColor(LJColorPickerView* picker, const Color& color) = 0;
-};
+class ColorSwatchModel;
 
 // A grid of square color swatches, a fixed number per row, sized from the view's width; reports
-// the color the user taps. Every setter but selectedColor's scrolls the grid to the top and
-// reloads it.
-class LJColorPickerView : public QWidget, private CollectionViewDataSource {
+// the color the user picks with colorPicked. Every setter but selectedColor's scrolls the grid to
+// the top and reloads it.
+class LJColorPickerView : public QWidget {
     Q_OBJECT
 public:
-    static constexpr qreal selectionBorderWidth = 5.0;
-    static constexpr qreal highlightedAlpha = 0.5;
-
     explicit LJColorPickerView(QWidget* parent = nullptr);
-    ~LJColorPickerView() override;
 
-    // Held weakly: a delegate destroyed while the grid is shown is simply no longer told.
-    void setDelegate(QObject* delegate) { delegate_ = delegate; }
+    // The delegate is told of every pick through its didSelectColor(picker, color), if it has
+    // one; any other object is simply not told. Held weakly: a delegate destroyed while the grid
+    // is shown is no longer told.
+    template <std::derived_from<QObject> Delegate> void setDelegate(Delegate* delegate) {
+        holdDelegate(delegate);
+        if constexpr (requires(LJColorPickerView * picker, const Color& color) {
+                          delegate->didSelectColor(picker, color);
+                      }) {
+            delegateConnection_ = connect(
+                this, &LJColorPickerView::colorPicked, delegate,
+                [this, delegate](const Color& color) { delegate->didSelectColor(this, color); });
+        }
+    }
+    void setDelegate(std::nullptr_t) { holdDelegate(nullptr); }
     QObject* delegate() const { return delegate_; }
 
     void setColors(std::vector<Color> colors);
@@ -51,31 +55,35 @@ public:
 
     void resetColorPicker();
 
+    // The grid's questions, answered for its flow layout and its swatches.
+    int numberOfItemsInSection(CollectionView* grid, int section) const;
+    QSizeF sizeForItemAtIndexPath(CollectionView* grid, IndexPath indexPath) const;
+    qreal minimumInteritemSpacingForSectionAtIndex(CollectionView* grid, int section) const;
+    qreal minimumLineSpacingForSectionAtIndex(CollectionView* grid, int section) const;
+    QMarginsF insetForSectionAtIndex(CollectionView* grid, int section) const;
+    CollectionViewCell cellForItemAtIndexPath(CollectionView* grid, IndexPath indexPath) const;
+    void didSelectItemAtIndexPath(CollectionView* grid, IndexPath indexPath);
+
+signals:
+    void colorPicked(const pomwick::Color& color);
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void doInitialization();
-    void setColorCell(CollectionViewCell* cell, bool selected) const;
-
-    int numberOfItemsInSection(CollectionView* grid, int section) override;
-    CollectionViewCell* cellForItemAtIndexPath(CollectionView* grid, IndexPath indexPath) override;
-    QSizeF sizeForItemAtIndexPath(CollectionView* grid, IndexPath indexPath) override;
-    qreal minimumInteritemSpacingForSectionAtIndex(CollectionView* grid, int section) override;
-    qreal minimumLineSpacingForSectionAtIndex(CollectionView* grid, int section) override;
-    QMarginsF insetForSectionAtIndex(CollectionView* grid, int section) override;
-    void didHighlightItemAtIndexPath(CollectionView* grid, IndexPath indexPath) override;
-    void didUnhighlightItemAtIndexPath(CollectionView* grid, IndexPath indexPath) override;
-    void didSelectItemAtIndexPath(CollectionView* grid, IndexPath indexPath) override;
-    void didDeselectItemAtIndexPath(CollectionView* grid, IndexPath indexPath) override;
+    void holdDelegate(QObject* delegate);
+    void layoutColorView();
 
     QPointer<QObject> delegate_;
-    std::vector<Color> colors_;
+    QMetaObject::Connection delegateConnection_;
     qint64 colorsPerRow_ = 0;
     double colorCellPadding_ = 0;
     bool highlightSelection_ = false;
     Color selectionBorderColor_;
     CollectionView* colorView_ = nullptr;
+    ColorSwatchModel* colors_ = nullptr;
+    ColorSwatchDelegate* swatches_ = nullptr;
     std::optional<Color> selectedColor_;
 };
 

@@ -36,7 +36,6 @@ class PomwickPreferencesViewController : public ViewController,
                                          public TableViewDataSource,
                                          public TextFieldDelegate,
                                          public MailComposeDelegate,
-                                         public LJColorPickerViewDelegate,
                                          public BadgePositionSender {
     Q_OBJECT
     Q_INTERFACES(pomwick::MailComposeDelegate)
@@ -91,7 +90,7 @@ public:
     QWidget* doneToolbar() const { return doneToolbar_; }
     QWidget* fontContainerView() const { return fontContainerView_; }
     QWidget* dimmingView() const { return dimmingView_; }
-    void didSelectColor(LJColorPickerView* picker, const Color& color) override;
+    void didSelectColor(LJColorPickerView* picker, const Color& color);
 
     // The preview link.
     void handleSimpleMessageNamed(const QString& name);

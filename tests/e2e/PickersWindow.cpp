@@ -11,9 +11,9 @@ using namespace pomwick;
 
 namespace {
 
-class Printer : public QObject, public LJColorPickerViewDelegate {
+class Printer : public QObject {
 public:
-    void didSelectColor(LJColorPickerView*, const Color& c) override {
+    void didSelectColor(LJColorPickerView*, const Color& c) {
         std::printf("color %.3f %.3f %.3f\n", double(c.red), double(c.green), double(c.blue));
     }
 };

@@ -3,22 +3,17 @@
 #include "Appearance.h"
 #include "ScrollIndicator.h"
 
-#include <QAbstractListModel>
-#include <QFocusEvent>
-#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
-#include <QPointer>
 #include <QScrollBar>
 #include <QScroller>
 #include <algorithm>
 #include <cmath>
-#include <functional>
 
 namespace pomwick {
 namespace {
 
-// Sizes and spacings from the delegate are lengths: anything not finite or below 0 lays out as 0.
+// Sizes and spacings are lengths: anything not finite or below 0 lays out as 0.
 qreal length(qreal value) {
     return std::isfinite(value) ? std::max(value, 0.0) : 0.0;
 }
@@ -28,86 +23,41 @@ QMarginsF lengths(const QMarginsF& margins) {
             length(margins.bottom())};
 }
 
-} // namespace
-
-void CollectionViewCell::setBorder(const QColor& color, qreal width) {
-    borderColor_ = color;
-    borderWidth_ = width;
+std::vector<qreal> columns(qreal left, qreal width, qreal spacing, int count) {
+    std::vector<qreal> edges(size_t(std::max(count, 0)));
+    for (qreal& edge : edges) {
+        edge = left;
+        left += width + spacing;
+    }
+    return edges;
 }
 
-// The items as assistive technology and the selection model see them: one row per item, named
-// by its cell.
-class CollectionView::Model : public QAbstractListModel {
-public:
-    explicit Model(CollectionView* grid) : QAbstractListModel(grid), grid_(grid) {}
+} // namespace
 
-    int rowCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : grid_->numberOfItems();
-    }
-    QVariant data(const QModelIndex& index, int role) const override {
-        if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
-            return {};
-        CollectionViewCell* cell = grid_->visibleCell(index.row());
-        return cell != nullptr ? cell->accessibleName() : QString();
-    }
-    void reset(const std::function<void()>& change) {
-        beginResetModel();
-        change();
-        endResetModel();
-    }
-
-private:
-    CollectionView* grid_;
-};
-
-CollectionView::CollectionView(QWidget* parent)
-    : ScrollingItemView(parent), model_(new Model(this)) {
-    setModel(model_);
+CollectionView::CollectionView(QWidget* parent) : ScrollingItemView(parent) {
     setAlwaysBounceVertical(false);
+    // The focus ring follows the input modality from the first key on, not from the first paint.
+    Appearance::showsFocusRing(this);
     new ScrollIndicator(
         this, [this] { return contentInset_.top() + contentHeight_ + contentInset_.bottom(); });
 }
 
-CollectionView::~CollectionView() = default;
-
-void CollectionView::setDataSource(CollectionViewDataSource* dataSource) {
-    dataSource_ = dataSource;
-    reloadData();
+void CollectionView::setModel(QAbstractItemModel* model) {
+    ScrollingItemView::setModel(model);
+    updateGeometries();
 }
 
-void CollectionView::reloadData() {
-    model_->reset([this] {
-        cells_.clear();
-        selected_.reset();
-        highlighted_.reset();
-        layoutItems();
-    });
+void CollectionView::setFlowLayout(const FlowLayout& layout) {
+    layout_ = layout;
     updateGeometries();
     viewport()->update();
 }
 
-CollectionViewCell* CollectionView::dequeueReusableCell(IndexPath indexPath) {
-    auto& cell = cells_[indexPath.row];
-    cell = std::make_unique<CollectionViewCell>();
-    cell->selected_ = selected_ == indexPath.row;
-    return cell.get();
-}
-
-CollectionViewCell* CollectionView::cellForItemAtIndexPath(IndexPath indexPath) const {
-    const auto found = cells_.find(indexPath.row);
-    return found != cells_.end() ? found->second.get() : nullptr;
-}
-
-CollectionViewCell* CollectionView::visibleCell(int item) {
-    if (item < 0 || item >= numberOfItems())
-        return nullptr;
-    if (auto* cell = cellForItemAtIndexPath({0, item}))
-        return cell;
-    if (dataSource_ != nullptr)
-        dataSource_->cellForItemAtIndexPath(this, {0, item});
-    if (cells_.find(item) == cells_.end())
-        dequeueReusableCell({0, item});
-    return cells_[item].get();
+void CollectionView::reset() {
+    pressed_.reset();
+    ScrollingItemView::reset();
+    updateGeometries();
+    viewport()->update();
 }
 
 void CollectionView::setContentOffset(QPointF offset) {
@@ -120,7 +70,6 @@ QPointF CollectionView::contentOffset() const {
 
 void CollectionView::setContentInset(const QMarginsF& inset) {
     contentInset_ = lengths(inset);
-    layoutItems();
     updateGeometries();
 }
 
@@ -140,70 +89,64 @@ void CollectionView::setScrollEnabled(bool enabled) {
         QScroller::ungrabGesture(viewport());
 }
 
+// Items fill a line while they fit beside each other at the least spacing. A full line shares
+// its leftover width out between its items (a lone item is centered); the last line keeps the
+// spacing of the line above so that its items stand under theirs. All items being one size,
+// every full line has the same columns.
+void CollectionView::layoutItems() {
+    count_ = model() != nullptr ? std::max(0, model()->rowCount(rootIndex())) : 0;
+    section_ = count_ > 0 ? lengths(layout_.sectionInset) : QMarginsF();
+    const qreal interitem = count_ > 0 ? length(layout_.minimumInteritemSpacing) : 0;
+    size_ = {length(layout_.itemSize.width()), length(layout_.itemSize.height())};
+    lineStep_ = size_.height() + (count_ > 0 ? length(layout_.minimumLineSpacing) : 0);
+    const qreal available =
+        std::max<qreal>(0, viewport()->width() - contentInset_.left() - contentInset_.right() -
+                               section_.left() - section_.right());
+    int perLine = std::min(count_, 1);
+    qreal used = size_.width();
+    while (perLine < count_ && used + interitem + size_.width() <= available) {
+        used += interitem + size_.width();
+        ++perLine;
+    }
+    fullColumns_.clear();
+    lastColumns_ = columns(section_.left(), size_.width(), interitem, perLine);
+    const int lines = lineCount();
+    if (lines > 1 && perLine > 1) {
+        const qreal spread = (available - (used - interitem * (perLine - 1))) / (perLine - 1);
+        fullColumns_ = columns(section_.left(), size_.width(), spread, perLine);
+        lastColumns_ = fullColumns_;
+    } else if (lines > 1) {
+        fullColumns_ = {section_.left() + (available - used) / 2};
+    }
+    contentHeight_ = lines > 0 ? lineTop(lines - 1) + size_.height() + section_.bottom() : 0;
+}
+
+int CollectionView::lineCount() const {
+    const int perLine = int(lastColumns_.size());
+    return perLine > 0 ? (count_ + perLine - 1) / perLine : 0;
+}
+
+qreal CollectionView::lineTop(int line) const {
+    return section_.top() + line * lineStep_;
+}
+
 QRectF CollectionView::layoutFrameForItem(int item) const {
-    return item >= 0 && item < numberOfItems() ? frames_[item] : QRectF();
+    if (item < 0 || item >= count_)
+        return {};
+    const int perLine = int(lastColumns_.size());
+    const int line = item / perLine;
+    const auto& left = line + 1 < lineCount() ? fullColumns_ : lastColumns_;
+    return {QPointF(left[size_t(item % perLine)], lineTop(line)), size_};
 }
 
 std::optional<int> CollectionView::indexPathForSelectedItem() const {
-    return selected_;
-}
-
-// Items fill a line while they fit beside each other at the minimum spacing. A full line shares
-// its leftover width out between its items (a lone item is centered); the last line keeps the
-// spacing of the line above so that its items stand under theirs.
-void CollectionView::layoutItems() {
-    frames_.clear();
-    lines_.clear();
-    const int count =
-        dataSource_ != nullptr ? std::max(0, dataSource_->numberOfItemsInSection(this, 0)) : 0;
-    const QMarginsF section =
-        count > 0 ? lengths(dataSource_->insetForSectionAtIndex(this, 0)) : QMarginsF();
-    const qreal interitem =
-        count > 0 ? length(dataSource_->minimumInteritemSpacingForSectionAtIndex(this, 0)) : 0;
-    const qreal lineSpacing =
-        count > 0 ? length(dataSource_->minimumLineSpacingForSectionAtIndex(this, 0)) : 0;
-    const qreal available =
-        std::max<qreal>(0, viewport()->width() - contentInset_.left() - contentInset_.right() -
-                               section.left() - section.right());
-    std::vector<QSizeF> sizes(count);
-    for (int item = 0; item < count; ++item) {
-        const QSizeF size = dataSource_->sizeForItemAtIndexPath(this, {0, item});
-        sizes[item] = {length(size.width()), length(size.height())};
-    }
-    frames_.resize(count);
-    qreal y = section.top();
-    qreal spacing = interitem;
-    for (int first = 0; first < count;) {
-        int end = first + 1;
-        qreal used = sizes[first].width();
-        qreal height = sizes[first].height();
-        while (end < count && used + interitem + sizes[end].width() <= available) {
-            used += interitem + sizes[end].width();
-            height = std::max(height, sizes[end].height());
-            ++end;
-        }
-        const bool last = end == count;
-        const int inLine = end - first;
-        qreal x = section.left();
-        if (!last && inLine > 1)
-            spacing = (available - (used - interitem * (inLine - 1))) / (inLine - 1);
-        else if (!last)
-            x += (available - used) / 2;
-        if (last && lines_.empty())
-            spacing = interitem;
-        for (int item = first; item < end; ++item) {
-            const QSizeF size = sizes[item];
-            frames_[item] = QRectF(QPointF(x, y + (height - size.height()) / 2), size);
-            x += size.width() + spacing;
-        }
-        lines_.push_back({y, y + height, first});
-        y += height + lineSpacing;
-        first = end;
-    }
-    contentHeight_ = lines_.empty() ? 0 : lines_.back().bottom + section.bottom();
+    if (selectionModel() == nullptr || !selectionModel()->hasSelection())
+        return std::nullopt;
+    return selectionModel()->selectedIndexes().constFirst().row();
 }
 
 void CollectionView::updateGeometries() {
+    layoutItems();
     const qreal extent = contentInset_.top() + contentHeight_ + contentInset_.bottom();
     // Content shorter than the view still reaches offset (0, 0), where resets put it.
     const int top = qRound(contentInset_.top());
@@ -214,7 +157,7 @@ void CollectionView::updateGeometries() {
 }
 
 void CollectionView::resizeEvent(QResizeEvent* event) {
-    layoutItems();
+    // The list view's own resizing would lay its items out again, after its own fashion.
     QAbstractItemView::resizeEvent(event);
 }
 
@@ -223,26 +166,41 @@ QPointF CollectionView::contentToView() const {
 }
 
 QRect CollectionView::visualRect(const QModelIndex& index) const {
-    if (!index.isValid() || index.row() >= numberOfItems())
+    if (!index.isValid() || index.row() >= count_)
         return {};
-    return frames_[index.row()].translated(contentToView()).toAlignedRect();
+    return layoutFrameForItem(index.row()).translated(contentToView()).toAlignedRect();
 }
 
-int CollectionView::lineOf(int item) const {
-    const auto line = std::upper_bound(lines_.begin(), lines_.end(), item,
-                                       [](int i, const Line& l) { return i < l.first; });
-    return int(line - lines_.begin()) - 1;
+QStyleOptionViewItem CollectionView::itemOption(const QModelIndex& index) const {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    applyState(option, index);
+    return option;
+}
+
+void CollectionView::applyState(QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const int item = index.isValid() ? index.row() : -1;
+    option.rect = layoutFrameForItem(item).translated(contentToView()).toRect();
+    option.state &= ~(QStyle::State_Selected | QStyle::State_Sunken | QStyle::State_HasFocus);
+    if (selectionModel() != nullptr && selectionModel()->isSelected(index))
+        option.state |= QStyle::State_Selected;
+    if (item >= 0 && pressed_ == item)
+        option.state |= QStyle::State_Sunken;
+    if (Appearance::showsFocusRing(this) && item >= 0 && index == currentIndex())
+        option.state |= QStyle::State_HasFocus;
 }
 
 int CollectionView::itemAt(QPointF viewPoint) const {
     const QPointF point = viewPoint - contentToView();
-    const auto line = std::lower_bound(lines_.begin(), lines_.end(), point.y(),
-                                       [](const Line& l, qreal y) { return l.bottom < y; });
-    if (line == lines_.end() || point.y() < line->top)
+    if (lineStep_ <= 0 || size_.height() <= 0)
         return -1;
-    const int end = line + 1 == lines_.end() ? numberOfItems() : (line + 1)->first;
-    for (int item = line->first; item < end; ++item) {
-        if (frames_[item].contains(point))
+    const qreal line = std::floor((point.y() - section_.top()) / lineStep_);
+    if (line < 0 || line >= lineCount())
+        return -1;
+    const int first = int(line) * int(lastColumns_.size());
+    const int end = std::min(count_, first + int(lastColumns_.size()));
+    for (int item = first; item < end; ++item) {
+        if (layoutFrameForItem(item).contains(point))
             return item;
     }
     return -1;
@@ -250,11 +208,11 @@ int CollectionView::itemAt(QPointF viewPoint) const {
 
 QModelIndex CollectionView::indexAt(const QPoint& point) const {
     const int item = itemAt(point);
-    return item >= 0 ? model_->index(item, 0) : QModelIndex();
+    return item >= 0 ? model()->index(item, 0, rootIndex()) : QModelIndex();
 }
 
 void CollectionView::scrollTo(const QModelIndex& index, ScrollHint) {
-    if (!index.isValid() || index.row() >= numberOfItems())
+    if (!index.isValid() || index.row() >= count_)
         return;
     const QRect rect = visualRect(index);
     QScrollBar* bar = verticalScrollBar();
@@ -264,28 +222,29 @@ void CollectionView::scrollTo(const QModelIndex& index, ScrollHint) {
         bar->setValue(bar->value() + rect.bottom() + 1 - viewport()->height());
 }
 
+// The item of the line whose center stands nearest the given one, the line clamped to the grid.
+int CollectionView::itemInLine(int line, qreal centerX) const {
+    const int perLine = int(lastColumns_.size());
+    line = std::clamp(line, 0, lineCount() - 1);
+    const int end = std::min(count_, (line + 1) * perLine);
+    int best = line * perLine;
+    for (int item = best; item < end; ++item) {
+        if (std::abs(layoutFrameForItem(item).center().x() - centerX) <
+            std::abs(layoutFrameForItem(best).center().x() - centerX))
+            best = item;
+    }
+    return best;
+}
+
 QModelIndex CollectionView::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
-    const int count = numberOfItems();
-    if (count == 0)
+    if (count_ == 0)
         return {};
     const int current = currentIndex().isValid() ? currentIndex().row() : -1;
-    if (current < 0)
-        return model_->index(0, 0);
-    const int line = lineOf(current);
-    const auto itemInLine = [&](int target) {
-        target = std::clamp(target, 0, int(lines_.size()) - 1);
-        const int end = target + 1 < int(lines_.size()) ? lines_[target + 1].first : count;
-        const qreal center = frames_[current].center().x();
-        int best = lines_[target].first;
-        for (int item = best; item < end; ++item) {
-            if (std::abs(frames_[item].center().x() - center) <
-                std::abs(frames_[best].center().x() - center))
-                best = item;
-        }
-        return best;
-    };
-    const qreal lineHeight = lines_[line].bottom - lines_[line].top;
-    const int linesPerPage = std::max(1, int(viewport()->height() / std::max(lineHeight, 1.0)));
+    if (current < 0 || current >= count_)
+        return model()->index(0, 0, rootIndex());
+    const int line = current / int(lastColumns_.size());
+    const qreal center = layoutFrameForItem(current).center().x();
+    const int linesPerPage = std::max(1, int(viewport()->height() / std::max(size_.height(), 1.0)));
     int target = current;
     switch (action) {
     case MoveLeft:
@@ -297,86 +256,60 @@ QModelIndex CollectionView::moveCursor(CursorAction action, Qt::KeyboardModifier
         target = current + 1;
         break;
     case MoveUp:
-        target = itemInLine(line - 1);
+        target = itemInLine(line - 1, center);
         break;
     case MoveDown:
-        target = itemInLine(line + 1);
+        target = itemInLine(line + 1, center);
         break;
     case MovePageUp:
-        target = itemInLine(line - linesPerPage);
+        target = itemInLine(line - linesPerPage, center);
         break;
     case MovePageDown:
-        target = itemInLine(line + linesPerPage);
+        target = itemInLine(line + linesPerPage, center);
         break;
     case MoveHome:
         target = 0;
         break;
     case MoveEnd:
-        target = count - 1;
+        target = count_ - 1;
         break;
     }
-    return model_->index(std::clamp(target, 0, count - 1), 0);
+    return model()->index(std::clamp(target, 0, count_ - 1), 0, rootIndex());
 }
 
 void CollectionView::selectItem(int item) {
-    const QPointer<CollectionView> alive(this);
-    if (selected_ && *selected_ != item) {
-        const int previous = *selected_;
-        selected_.reset();
-        if (auto* cell = cellForItemAtIndexPath({0, previous}))
-            cell->selected_ = false;
-        if (dataSource_ != nullptr)
-            dataSource_->didDeselectItemAtIndexPath(this, {0, previous});
-        if (!alive)
-            return;
-    }
-    selected_ = item;
-    if (auto* cell = cellForItemAtIndexPath({0, item}))
-        cell->selected_ = true;
-    const QModelIndex index = model_->index(item, 0);
+    const QModelIndex index = model()->index(item, 0, rootIndex());
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     viewport()->update();
-    if (dataSource_ != nullptr)
-        dataSource_->didSelectItemAtIndexPath(this, {0, item});
+    emit itemSelected(index);
 }
 
-void CollectionView::endHighlight() {
-    if (!highlighted_)
+void CollectionView::setPressed(std::optional<int> item) {
+    if (pressed_ == item)
         return;
-    const int item = *highlighted_;
-    highlighted_.reset();
-    if (dataSource_ != nullptr)
-        dataSource_->didUnhighlightItemAtIndexPath(this, {0, item});
+    pressed_ = item;
     viewport()->update();
 }
 
 void CollectionView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
-    keyboardFocus_ = false;
-    endHighlight();
     const int item = itemAt(event->position());
-    if (item < 0)
-        return;
-    highlighted_ = item;
-    visibleCell(item);
-    if (dataSource_ != nullptr)
-        dataSource_->didHighlightItemAtIndexPath(this, {0, item});
-    viewport()->update();
+    setPressed(item >= 0 ? std::optional(item) : std::nullopt);
 }
 
 void CollectionView::mouseMoveEvent(QMouseEvent* event) {
-    if (highlighted_ && itemAt(event->position()) != *highlighted_)
-        endHighlight();
+    if (pressed_ && itemAt(event->position()) != *pressed_)
+        setPressed(std::nullopt);
 }
 
 void CollectionView::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !highlighted_)
+    if (event->button() != Qt::LeftButton || !pressed_)
         return;
-    const int item = *highlighted_;
-    const QPointer<CollectionView> alive(this);
-    endHighlight();
-    if (alive && itemAt(event->position()) == item)
+    const int item = *pressed_;
+    setPressed(std::nullopt);
+    // A drag that the scroller took over ends with a release far outside: no selection.
+    if (itemAt(event->position()) == item)
         selectItem(item);
 }
 
@@ -386,57 +319,37 @@ void CollectionView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void CollectionView::keyPressEvent(QKeyEvent* event) {
-    keyboardFocus_ = true;
     const bool selectKey = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
                            event->key() == Qt::Key_Enter;
-    if (selectKey && currentIndex().isValid()) {
+    if (selectKey && currentIndex().isValid() && currentIndex().row() < count_) {
         selectItem(currentIndex().row());
         return;
     }
     ScrollingItemView::keyPressEvent(event);
 }
 
-void CollectionView::focusInEvent(QFocusEvent* event) {
-    keyboardFocus_ =
-        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
-    ScrollingItemView::focusInEvent(event);
-}
-
-void CollectionView::retireHiddenCells() {
-    const QRectF shown = QRectF(viewport()->rect()).translated(-contentToView());
-    std::erase_if(cells_, [&](const auto& entry) {
-        return entry.first != highlighted_ && !frames_[entry.first].intersects(shown);
-    });
-}
-
 void CollectionView::paintEvent(QPaintEvent* event) {
+    const int lines = lineCount();
+    if (lines == 0 || lineStep_ <= 0)
+        return;
     QPainter painter(viewport());
-    const QPointF origin = contentToView();
-    const QRectF dirty = QRectF(event->rect()).translated(-origin);
-    const auto firstLine = std::lower_bound(lines_.begin(), lines_.end(), dirty.top(),
-                                            [](const Line& l, qreal y) { return l.bottom < y; });
-    for (auto line = firstLine; line != lines_.end() && line->top <= dirty.bottom(); ++line) {
-        const int end = line + 1 == lines_.end() ? numberOfItems() : (line + 1)->first;
-        for (int item = line->first; item < end; ++item) {
-            CollectionViewCell* cell = visibleCell(item);
-            const QRectF rect = frames_[item].translated(origin);
-            painter.setOpacity(std::clamp(cell->alpha(), 0.0, 1.0));
-            painter.fillRect(rect, cell->backgroundColor());
-            const qreal border =
-                std::min({cell->borderWidth(), rect.width() / 2, rect.height() / 2});
-            if (border > 0 && cell->borderColor().isValid()) {
-                QPainterPath ring;
-                ring.addRect(rect);
-                ring.addRect(rect.adjusted(border, border, -border, -border));
-                painter.fillPath(ring, cell->borderColor());
-            }
-        }
+    const QRectF dirty = QRectF(event->rect()).translated(-contentToView());
+    // The lines that reach into the dirty rectangle, the bounds clamped before they become ints.
+    const auto clamped = [&](qreal line) {
+        return int(std::clamp<qreal>(line, 0, lines - 1));
+    };
+    const int first =
+        clamped(std::ceil((dirty.top() - size_.height() - section_.top()) / lineStep_));
+    const int last = clamped(std::floor((dirty.bottom() - section_.top()) / lineStep_));
+    const int perLine = int(lastColumns_.size());
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    QAbstractItemDelegate* delegate = itemDelegate();
+    for (int item = first * perLine; item < std::min(count_, (last + 1) * perLine); ++item) {
+        const QModelIndex index = model()->index(item, 0, rootIndex());
+        applyState(option, index);
+        delegate->paint(&painter, option, index);
     }
-    painter.setOpacity(1);
-    if (hasFocus() && keyboardFocus_ && currentIndex().isValid() &&
-        currentIndex().row() < numberOfItems())
-        Appearance::drawFocusRing(painter, frames_[currentIndex().row()].translated(origin), 0);
-    retireHiddenCells();
 }
 
 } // namespace pomwick
