@@ -181,6 +181,9 @@ public:
     QObject* delegate() const { return delegate_; }
     void setDelegate(QObject* delegate) { delegate_ = delegate; }
     bool taskInProgress() const { return taskInProgress_; }
+    // The timers the notice started, kept when they have fired; nobody else may start them.
+    const QTimer& graceTimer() const { return graceTimer_; }
+    const QTimer& minShowTimer() const { return minShowTimer_; }
     void setTaskInProgress(bool inProgress) { taskInProgress_ = inProgress; }
     std::function<void()> completionBlock() const { return completionBlock_; }
     void setCompletionBlock(std::function<void()> block) { completionBlock_ = std::move(block); }
