@@ -112,9 +112,9 @@ DQFontPicker::DQFontPicker(QWidget* parent) : PickerView(parent) {
     setDataSource(this);
     if (modernStyle())
         setBackgroundColor(this, QColor::fromRgbF(0.98f, 0.98f, 0.98f, 0.98f));
-    setComponentAccessibleName(int(fontComponentIndex_), QStringLiteral("Font"));
-    setComponentAccessibleName(int(sizeComponentIndex_), QStringLiteral("Size"));
-    setComponentAccessibleName(int(colorComponentIndex_), QStringLiteral("Color"));
+    setComponentAccessibleName(int(fontComponentIndex_), tr("Font"));
+    setComponentAccessibleName(int(sizeComponentIndex_), tr("Size"));
+    setComponentAccessibleName(int(colorComponentIndex_), tr("Color"));
 }
 
 std::optional<Font> DQFontPicker::font() const {

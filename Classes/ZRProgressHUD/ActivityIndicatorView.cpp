@@ -7,7 +7,7 @@ namespace pomwick {
 ActivityIndicatorView::ActivityIndicatorView(QWidget* parent) : QWidget(parent) {
     setGeometry(0, 0, side, side);
     setAttribute(Qt::WA_TranslucentBackground);
-    setAccessibleName("In progress");
+    setAccessibleName(tr("In progress"));
     rotation_.setStartValue(0);
     rotation_.setEndValue(spokes);
     rotation_.setDuration(1000);

@@ -12,7 +12,7 @@ namespace pomwick {
 ZRBarProgressView::ZRBarProgressView(QWidget* parent) : QWidget(parent) {
     setGeometry(0, 0, 120, 20);
     setAttribute(Qt::WA_TranslucentBackground);
-    setAccessibleName("Progress");
+    setAccessibleName(tr("Progress"));
 }
 
 void ZRBarProgressView::setProgress(float progress) {

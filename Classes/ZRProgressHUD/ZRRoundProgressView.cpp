@@ -14,7 +14,7 @@ constexpr qreal twelveOClock = -std::numbers::pi / 2;
 ZRRoundProgressView::ZRRoundProgressView(QWidget* parent) : QWidget(parent) {
     setGeometry(0, 0, 37, 37);
     setAttribute(Qt::WA_TranslucentBackground);
-    setAccessibleName("Progress");
+    setAccessibleName(tr("Progress"));
 }
 
 void ZRRoundProgressView::setProgress(float progress) {
