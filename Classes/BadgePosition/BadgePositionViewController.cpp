@@ -109,6 +109,8 @@ void BadgePositionViewController::viewDidLoad() {
     innerView_ = square;
     innerView_->setAttribute(Qt::WA_TransparentForMouseEvents);
     innerView_->setAccessibleName(tr("Icon area"));
+    // The badge's place is a setting, drawn where it is stored in any language.
+    innerView_->setLayoutDirection(Qt::LeftToRight);
     setFrame(innerView_, squareFrame(size, iconSize));
 
     const qreal side = truncated(iconSize);

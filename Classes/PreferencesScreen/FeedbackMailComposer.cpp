@@ -315,7 +315,9 @@ void FeedbackMailComposer::cancel() {
     connect(menu->addDestructiveAction(tr("Delete Draft")), &QAction::triggered, this,
             &FeedbackMailComposer::deleteDraft);
     draftMenu_ = menu;
-    menu->popup(cancelButton_->mapToGlobal(cancelButton_->rect().bottomLeft()));
+    const QRect under = cancelButton_->rect();
+    menu->popup(
+        cancelButton_->mapToGlobal(isRightToLeft() ? under.bottomRight() : under.bottomLeft()));
 }
 
 void FeedbackMailComposer::deleteDraft() {

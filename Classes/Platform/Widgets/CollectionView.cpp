@@ -194,6 +194,9 @@ void CollectionView::layoutItems() {
         for (int item = first; item < end; ++item) {
             const QSizeF size = sizes[item];
             frames_[item] = QRectF(QPointF(x, y + (height - size.height()) / 2), size);
+            // Right to left, lines fill from the right, as text does.
+            if (isRightToLeft())
+                frames_[item].moveRight(available + section.left() + section.right() - x);
             x += size.width() + spacing;
         }
         lines_.push_back({y, y + height, first});
@@ -288,13 +291,15 @@ QModelIndex CollectionView::moveCursor(CursorAction action, Qt::KeyboardModifier
     const int linesPerPage = std::max(1, int(viewport()->height() / std::max(lineHeight, 1.0)));
     int target = current;
     switch (action) {
-    case MoveLeft:
     case MovePrevious:
         target = current - 1;
         break;
-    case MoveRight:
     case MoveNext:
         target = current + 1;
+        break;
+    case MoveLeft: // the item after this one is on its left, right to left
+    case MoveRight:
+        target = current + ((action == MoveRight) != isRightToLeft() ? 1 : -1);
         break;
     case MoveUp:
         target = itemInLine(line - 1);

@@ -3,6 +3,7 @@
 #include "PickerWheel.h"
 
 #include <QPainter>
+#include <QStyle>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -122,7 +123,9 @@ void PickerView::layoutWheels() {
         total += width;
     qreal x = (width() - total) / 2;
     for (size_t component = 0; component < wheels_.size(); ++component) {
-        wheels_[component]->setGeometry(QRectF(x, 0, widths[component], height()).toAlignedRect());
+        // Right to left, the first wheel is the rightmost.
+        const QRect slot = QRectF(x, 0, widths[component], height()).toAlignedRect();
+        wheels_[component]->setGeometry(QStyle::visualRect(layoutDirection(), rect(), slot));
         x += widths[component] + componentSpacing;
     }
 }

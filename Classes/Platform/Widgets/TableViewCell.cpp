@@ -88,10 +88,11 @@ void TableViewCell::layoutContent() {
     const int left = 15;
     int textLeft = left;
     if (!imageView_->isHidden()) {
-        imageView_->move(left, (height() - imageView_->height()) / 2);
+        setFrame(imageView_,
+                 QRectF(QPointF(left, (height() - imageView_->height()) / 2), imageView_->size()));
         textLeft = left + imageView_->width() + 15;
     }
-    textLabel_->setGeometry(textLeft, 0, std::max(0, width() - textLeft - 15), height());
+    setFrame(textLabel_, QRectF(textLeft, 0, std::max(0, width() - textLeft - 15), height()));
 }
 
 void TableViewCell::paintEvent(QPaintEvent*) {
@@ -100,9 +101,9 @@ void TableViewCell::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), lit ? Appearance::selectedCellBackground() : QColor(Qt::white));
     if (separatorInset_) {
         const qreal line = Appearance::hairlineWidth(painter);
-        painter.fillRect(
-            QRectF(*separatorInset_, height() - line, width() - *separatorInset_, line),
-            Appearance::hairline());
+        painter.fillRect(QRectF(isRightToLeft() ? 0 : *separatorInset_, height() - line,
+                                width() - *separatorInset_, line),
+                         Appearance::hairline());
     }
     if (Appearance::showsFocusRing(this))
         Appearance::drawFocusRing(painter, QRectF(rect()), 4);
