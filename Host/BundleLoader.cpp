@@ -3,6 +3,7 @@
 #include "BundleInstallation.h"
 #include "ImageFile.h"
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QPluginLoader>
 
@@ -21,8 +22,10 @@ LoadedBundle loadPreferenceBundle() {
     QObject* instance = loader.instance();
     loaded.bundle = qobject_cast<PreferenceBundle*>(instance);
     if (loaded.bundle == nullptr)
-        loaded.error = instance == nullptr ? loader.errorString()
-                                           : QString("%1 is not a preference bundle").arg(path);
+        loaded.error =
+            instance == nullptr
+                ? loader.errorString()
+                : QCoreApplication::translate("main", "%1 is not a preference bundle").arg(path);
     return loaded;
 }
 

@@ -8,6 +8,7 @@
 #include "ProgramOptions.h"
 #include "SettingsListController.h"
 #include "SingleInstance.h"
+#include "Translations.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -65,6 +66,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Settings"));
     QGuiApplication::setDesktopFileName(QStringLiteral("com.velquor.Pomwick"));
     std::setlocale(LC_NUMERIC, "C");
+    installTranslations();
 
     ProgramOptions options(QStringLiteral("pomwick-settings"),
                            QApplication::translate("main", "The settings window of Pomwick, with "

@@ -9,7 +9,7 @@ namespace pomwick {
 SettingsListController::SettingsListController(LoadedBundle bundle) : bundle_(std::move(bundle)) {}
 
 void SettingsListController::viewDidLoad() {
-    setTitle("Settings");
+    setTitle(tr("Settings"));
     setBackgroundColor(view(), Appearance::groupedBackground);
     table_ = new TableView(view());
     setFrame(table_, bounds(view()));
@@ -32,7 +32,7 @@ void SettingsListController::openBundle(bool animated) {
 QWidget* SettingsListController::viewForFooterInSection(TableView* table, int) {
     if (bundle_.bundle != nullptr)
         return nullptr;
-    auto* label = new QLabel("The settings bundle could not be loaded:\n" + bundle_.error);
+    auto* label = new QLabel(tr("The settings bundle could not be loaded:\n%1").arg(bundle_.error));
     label->setWordWrap(true);
     label->setFont(Appearance::systemFont(13));
     setTextColor(label, Appearance::errorText);

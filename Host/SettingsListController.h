@@ -19,7 +19,7 @@ public:
 
     int numberOfSectionsInTableView(TableView*) override { return 1; }
     int numberOfRowsInSection(TableView*, int) override { return 1; }
-    QString titleForHeaderInSection(TableView*, int) override { return "Tweaks"; }
+    QString titleForHeaderInSection(TableView*, int) override { return tr("Tweaks"); }
     QWidget* viewForFooterInSection(TableView* table, int section) override;
     TableViewCell* cellForRowAtIndexPath(TableView* table, IndexPath indexPath) override;
     void didSelectRowAtIndexPath(TableView* table, IndexPath indexPath) override;

@@ -9,6 +9,7 @@
 #include "PreviewFiles.h"
 #include "ProgramOptions.h"
 #include "TerminationSignals.h"
+#include "Translations.h"
 
 #include <QDBusConnection>
 #include <QGuiApplication>
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
+    installTranslations();
 
     ProgramOptions options(
         QStringLiteral("pomwick-renderer"),

@@ -49,6 +49,11 @@ for installed in "$work/destdir/usr" "$prefix"; do
         grep -q "smoke test passed" || fail "smoke test of $installed"
     "$installed/bin/pomwick-defaults" --root "$root" read | grep -q "^BADGE_FONT = Verdana 16$" ||
         fail "pomwick-defaults read of $installed"
+    # The window speaks the session's language, from the translations built into it.
+    LC_ALL= LANG=de_DE.UTF-8 "$installed/bin/pomwick-settings" --help | grep -q "diese Hilfe anzeigen" ||
+        fail "pomwick-settings of $installed in German"
+    LC_ALL= LANG=C.UTF-8 LANGUAGE=he "$installed/bin/pomwick-settings" --help | grep -q "הצגת הגרסה" ||
+        fail "pomwick-settings of $installed in Hebrew"
 done
 
 desktop-file-validate "$prefix/share/applications/com.velquor.Pomwick.desktop"

@@ -94,33 +94,35 @@ BadgePositionViewController::BadgePositionViewController() = default;
 BadgePositionViewController::~BadgePositionViewController() = default;
 
 void BadgePositionViewController::viewDidLoad() {
-    setTitle("Set Position");
+    setTitle(tr("Set Position"));
     QWidget* root = view();
     setBackgroundColor(root, Appearance::screenBackground);
     const QSizeF size = sender_ ? sender_->viewBounds().size() : bounds(root).size();
     setFrame(root, QRectF(frame(root).topLeft(), size));
     root->setFocusPolicy(Qt::StrongFocus);
-    root->setAccessibleName("Set Position");
-    root->setAccessibleDescription("Drag the badge, or move it with the arrow keys.");
+    root->setAccessibleName(tr("Set Position"));
+    root->setAccessibleDescription(tr("Drag the badge, or move it with the arrow keys."));
     root->installEventFilter(this);
 
     const float iconSize = sender_ ? sender_->iconSize() : 0;
     auto* square = new RoundedSquare(root);
     innerView_ = square;
     innerView_->setAttribute(Qt::WA_TransparentForMouseEvents);
-    innerView_->setAccessibleName("Icon area");
+    innerView_->setAccessibleName(tr("Icon area"));
+    // The badge's place is a setting, drawn where it is stored in any language.
+    innerView_->setLayoutDirection(Qt::LeftToRight);
     place(innerView_, innerFrame_, squareFrame(size, iconSize));
 
     const qreal side = truncated(iconSize);
     const QSizeF inner = innerFrame_.size();
-    iconImageView_ = imageView(innerView_, loadBundleImage(PreviewFile::sampleIcon), "Icon");
+    iconImageView_ = imageView(innerView_, loadBundleImage(PreviewFile::sampleIcon), tr("Icon"));
     place(iconImageView_, iconFrame_,
           QRectF(truncated((inner.width() - side) * 0.5), truncated((inner.height() - side) * 0.5),
                  side, side));
 
     const BadgeLocation location = getBadgeLocation();
     const QImage badge = sender_ ? sender_->finalBadgeImage() : QImage();
-    badgeImageView_ = imageView(innerView_, badge, "Badge");
+    badgeImageView_ = imageView(innerView_, badge, tr("Badge"));
     square->badge = badgeImageView_;
     place(badgeImageView_, badgeFrame_,
           QRectF(float(iconFrame_.x() + location.x * iconFrame_.width()),
@@ -128,7 +130,7 @@ void BadgePositionViewController::viewDidLoad() {
                  badge.deviceIndependentSize().width(), badge.deviceIndependentSize().height()));
 
     // The blank before the line break is part of the hint as it always read.
-    infoTextView_ = new QLabel("Drag the badge bubble \nto your desired location.", root);
+    infoTextView_ = new QLabel(tr("Drag the badge bubble \nto your desired location."), root);
     infoTextView_->setFont(Appearance::systemFont(16));
     infoTextView_->setAlignment(Qt::AlignCenter);
     infoTextView_->setMargin(8);

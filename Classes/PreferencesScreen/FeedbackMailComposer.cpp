@@ -92,7 +92,7 @@ bool FeedbackMailComposer::canSendMail() {
 
 FeedbackMailComposer::FeedbackMailComposer() : QDialog(nullptr, Qt::Widget) {
     setObjectName("FeedbackMailComposer");
-    setAccessibleName("Mail");
+    setAccessibleName(tr("Mail"));
     setAttribute(Qt::WA_TranslucentBackground);
     buildSheet();
 }
@@ -108,10 +108,10 @@ void FeedbackMailComposer::buildSheet() {
 
     auto* bar = new QHBoxLayout;
     bar->setContentsMargins(6, 6, 6, 6);
-    cancelButton_ = barButton("Cancel", false, sheet_);
-    sendButton_ = barButton("Send", true, sheet_);
+    cancelButton_ = barButton(tr("Cancel"), false, sheet_);
+    sendButton_ = barButton(tr("Send"), true, sheet_);
     titleLabel_ = new NoticeLabel(false, sheet_);
-    titleLabel_->setText("New Message");
+    titleLabel_->setText(tr("New Message"));
     titleLabel_->setFont(Appearance::systemFont(17, QFont::DemiBold));
     titleLabel_->setMinimumWidth(1);
     bar->addWidget(cancelButton_);
@@ -133,12 +133,12 @@ void FeedbackMailComposer::buildSheet() {
     column->addWidget(busyIndicator_);
     column->addWidget(hairline(sheet_));
 
-    toField_ = headerField("To:", column, sheet_);
-    subjectField_ = headerField("Subject:", column, sheet_);
+    toField_ = headerField(tr("To:"), column, sheet_);
+    subjectField_ = headerField(tr("Subject:"), column, sheet_);
     bodyField_ = new QPlainTextEdit(sheet_);
     bodyField_->setFrameShape(QFrame::NoFrame);
     bodyField_->setFont(Appearance::systemFont(15));
-    bodyField_->setAccessibleName("Message");
+    bodyField_->setAccessibleName(tr("Message"));
     bodyField_->setTabChangesFocus(true);
     Appearance::follow(bodyField_, [this] {
         bodyField_->setStyleSheet(QString("QPlainTextEdit { background: transparent; color: %1;"
@@ -156,7 +156,7 @@ void FeedbackMailComposer::buildSheet() {
     column->addWidget(statusLabel_);
 
     connect(subjectField_, &QLineEdit::textChanged, this, [this](const QString& subject) {
-        titleLabel_->setText(subject.isEmpty() ? "New Message" : subject);
+        titleLabel_->setText(subject.isEmpty() ? tr("New Message") : subject);
     });
     connect(toField_, &QLineEdit::textChanged, this, &FeedbackMailComposer::checkRecipients);
     checkRecipients();
@@ -323,12 +323,14 @@ void FeedbackMailComposer::cancel() {
     if (finished_ || delivery_ != nullptr || draftMenu_)
         return;
     auto* menu = new DraftMenu(this);
-    menu->setAccessibleName("Draft");
-    menu->addAction("Save Draft", this, &FeedbackMailComposer::saveDraft);
-    connect(menu->addDestructiveAction("Delete Draft"), &QAction::triggered, this,
+    menu->setAccessibleName(tr("Draft"));
+    menu->addAction(tr("Save Draft"), this, &FeedbackMailComposer::saveDraft);
+    connect(menu->addDestructiveAction(tr("Delete Draft")), &QAction::triggered, this,
             &FeedbackMailComposer::deleteDraft);
     draftMenu_ = menu;
-    menu->popup(cancelButton_->mapToGlobal(cancelButton_->rect().bottomLeft()));
+    const QRect under = cancelButton_->rect();
+    menu->popup(
+        cancelButton_->mapToGlobal(isRightToLeft() ? under.bottomRight() : under.bottomLeft()));
 }
 
 void FeedbackMailComposer::deleteDraft() {

@@ -1,5 +1,6 @@
 #include "MailDrafts.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
@@ -16,12 +17,14 @@ constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
 // the user's mail where they did not choose, so it is refused rather than used or changed.
 QString whyNoPrivateFolder(const QString& path) {
     if (!QDir().mkpath(path))
-        return "cannot create " + path;
+        return QCoreApplication::translate("pomwick::MailDrafts", "cannot create %1").arg(path);
     const QFileInfo folder(path);
     if (folder.isSymLink() || !folder.isDir() || folder.ownerId() != ::geteuid())
-        return path + " is not a folder of this user";
+        return QCoreApplication::translate("pomwick::MailDrafts", "%1 is not a folder of this user")
+            .arg(path);
     if (!QFile::setPermissions(path, ownerOnly | QFile::ExeOwner))
-        return "cannot make " + path + " private";
+        return QCoreApplication::translate("pomwick::MailDrafts", "cannot make %1 private")
+            .arg(path);
     return {};
 }
 
@@ -56,7 +59,9 @@ SavedDraft saveMailDraft(const QByteArray& message) {
     const bool written = file.open(QIODevice::WriteOnly) && file.setPermissions(ownerOnly) &&
                          file.write(message) == message.size() && file.flush();
     if (!written || !file.commit())
-        return {{}, "cannot write the draft " + path + ": " + file.errorString()};
+        return {{},
+                QCoreApplication::translate("pomwick::MailDrafts", "cannot write the draft %1: %2")
+                    .arg(path, file.errorString())};
     return {path, {}};
 }
 

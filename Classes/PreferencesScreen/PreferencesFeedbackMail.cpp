@@ -12,13 +12,13 @@ namespace pomwick {
 
 void PomwickPreferencesViewController::contactByMail() {
     if (!FeedbackMailComposer::canSendMail()) {
-        AlertView("Oops!", "Your device cannot send emails!", "Ok").show();
+        AlertView(tr("Oops!"), tr("Your device cannot send emails!"), tr("Ok")).show();
         return;
     }
     auto* composer = new FeedbackMailComposer;
     composer->setMailComposeDelegate(this);
-    composer->setSubject("My Feedback - Pomwick");
-    composer->setMessageBody("Sent from Pomwick Tweak", false);
+    composer->setSubject(tr("My Feedback - Pomwick"));
+    composer->setMessageBody(tr("Sent from Pomwick Tweak"), false);
     composer->setToRecipients({feedbackAddress});
     composer->setModalPresentationStyle(FeedbackMailComposer::pageSheet);
     composer->presentOver(view(), true);
@@ -32,15 +32,15 @@ void PomwickPreferencesViewController::didFinishWithResult(FeedbackMailComposer*
     const char* imageFile = nullptr;
     switch (result) {
     case MailComposeResultSaved:
-        label = "Message Saved!";
+        label = tr("Message Saved!");
         imageFile = "HUD_completed.png";
         break;
     case MailComposeResultSent:
-        label = "Message Sent!";
+        label = tr("Message Sent!");
         imageFile = "HUD_completed.png";
         break;
     case MailComposeResultFailed:
-        label = "An Error Occurred!";
+        label = tr("An Error Occurred!");
         imageFile = "HUD_error.png";
         break;
     default:

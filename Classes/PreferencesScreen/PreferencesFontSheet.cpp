@@ -48,7 +48,7 @@ class TapCatcher : public QAbstractButton {
 public:
     explicit TapCatcher(QWidget* parent) : QAbstractButton(parent) {
         setFocusPolicy(Qt::NoFocus);
-        setAccessibleName("Close font sheet");
+        setAccessibleName(PomwickPreferencesViewController::tr("Close font sheet"));
         shown_.start();
     }
     void arm() { armed_ = true; }
@@ -112,7 +112,7 @@ void setTakesTouches(QWidget* sheet, bool takes) {
 }
 
 QPushButton* doneButton(QWidget* parent) {
-    auto* done = new QPushButton("Done", parent);
+    auto* done = new QPushButton(PomwickPreferencesViewController::tr("Done"), parent);
     done->setFlat(true);
     done->setCursor(Qt::PointingHandCursor);
     done->setFocusPolicy(Qt::TabFocus);
@@ -205,7 +205,7 @@ void PomwickPreferencesViewController::showFontPicker() {
     dimmingView_ = dimming;
 
     auto* container = new QWidget(root);
-    container->setAccessibleName("Font");
+    container->setAccessibleName(tr("Font"));
     setBackgroundColor(container, Appearance::cellBackground);
     setFrame(container, QRectF(0, viewBounds.height(), viewBounds.width(), sheetHeight));
     setAlpha(container, 0);

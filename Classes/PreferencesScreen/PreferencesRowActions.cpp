@@ -64,11 +64,12 @@ void PomwickPreferencesViewController::pushColorGrid(int gridTag) {
     grid->setSelectionBorderColor(Color::white());
     grid->setColors(*masterColorsArray_);
     setBackgroundColor(grid, Appearance::cellBackground);
-    grid->setAccessibleName(gridTag == backgroundGridTag ? "Background colors" : "Border colors");
+    grid->setAccessibleName(gridTag == backgroundGridTag ? tr("Background colors")
+                                                         : tr("Border colors"));
 
     auto* controller = new ColorPickerController;
     controller->setView(grid);
-    controller->setTitle("Select Color");
+    controller->setTitle(tr("Select Color"));
     navigationController()->pushViewController(controller, true);
 }
 

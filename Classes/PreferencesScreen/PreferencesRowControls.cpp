@@ -67,8 +67,7 @@ void PomwickPreferencesViewController::sliderValueChanged(Slider* sender) {
     case 1:
         setPreferencesObjectKey(formatFloat(sender->value()), SettingsKey::badgeAlpha);
         if (alphaCell_) {
-            const QString label =
-                QString("Alpha: %1%").arg(RowGeometry::wholePercent(getBadgeAlpha()));
+            const QString label = tr("Alpha: %1%").arg(RowGeometry::wholePercent(getBadgeAlpha()));
             alphaCell_->textLabel()->setText(label);
             sender->setAccessibleName(label);
         }
@@ -89,10 +88,10 @@ void PomwickPreferencesViewController::alphaSliderReleased() {
 }
 
 void PomwickPreferencesViewController::infoButtonClicked() {
-    AlertView("Tip",
-              "Substitute the \"@\" symbol for the badge number. For example, typing the text "
-              "\"Alert:@\" will display \"Alert:1\" if the badge number is 1.",
-              "Ok")
+    AlertView(tr("Tip"),
+              tr("Substitute the \"@\" symbol for the badge number. For example, typing the text "
+                 "\"Alert:@\" will display \"Alert:1\" if the badge number is 1."),
+              tr("Ok"))
         .show();
 }
 

@@ -32,7 +32,7 @@ void PomwickPreferencesViewController::viewDidLoad() {
     mainTableView_->setDataSource(this);
     mainTableView_->setSeparatorInset(0);
 
-    infoLabel_ = new QLabel("Badge Preview", tableHeaderView_);
+    infoLabel_ = new QLabel(tr("Badge Preview"), tableHeaderView_);
     setFrame(infoLabel_, QRectF(0, 0, viewFrame.width(), 30));
     infoLabel_->setFont(Appearance::systemFont(18));
     infoLabel_->setAlignment(Qt::AlignCenter);
@@ -50,7 +50,7 @@ void PomwickPreferencesViewController::viewDidLoad() {
     describePreview(SettingsSnapshot());
 
     Appearance::setSegmentedControlTint(Appearance::controlTint());
-    setRightBarButtonItem({"Respring", [this] {
+    setRightBarButtonItem({tr("Respring"), [this] {
                                respring();
                            }});
 
@@ -66,9 +66,9 @@ void PomwickPreferencesViewController::describePreview(const SettingsSnapshot& s
     const QString badge = !settings.enabled()       ? QString("1")
                           : settings.badgeVisible() ? previewBadgeText(settings)
                                                     : QString();
-    iconImageView_->setAccessibleName(
-        badge.isEmpty() ? QString("Badge preview: a sample icon without a badge")
-                        : QString("Badge preview: %1 on a sample icon").arg(badge));
+    iconImageView_->setAccessibleName(badge.isEmpty()
+                                          ? tr("Badge preview: a sample icon without a badge")
+                                          : tr("Badge preview: %1 on a sample icon").arg(badge));
 }
 
 } // namespace pomwick

@@ -73,13 +73,13 @@ int PomwickPreferencesViewController::numberOfRowsInSection(TableView*, int sect
 QString PomwickPreferencesViewController::titleForHeaderInSection(TableView*, int section) {
     switch (section) {
     case 0:
-        return "Enabled";
+        return tr("Enabled");
     case 1:
-        return "Badge";
+        return tr("Badge");
     case 2:
-        return "Reset";
+        return tr("Reset");
     case 3:
-        return "Contact Us / Donate";
+        return tr("Contact Us / Donate");
     default:
         return {};
     }
@@ -91,10 +91,9 @@ QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView*, in
     const QRectF labelFrame(0, 0, frame(view()).width(), 40);
     auto* footer = new QWidget;
     setFrame(footer, labelFrame);
-    auto* label =
-        new QLabel(QStringLiteral("Crafted with care by the Pomwick developers, 2026\nPomwick v") +
-                       QLatin1String(productVersion),
-                   footer);
+    auto* label = new QLabel(tr("Crafted with care by the Pomwick developers, 2026\nPomwick v%1")
+                                 .arg(QLatin1String(productVersion)),
+                             footer);
     setFrame(label, labelFrame);
     label->setAlignment(Qt::AlignCenter);
     label->setFont(Appearance::systemFont(13));
@@ -127,18 +126,19 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
         case 2: {
             const auto font = settings.badgeFont();
             TableViewCell* cell = makeCell(
-                "Cell4", "Font: " + (font ? QString::fromStdString(font->name) : QString("(null)")),
+                "Cell4",
+                tr("Font: %1").arg(font ? QString::fromStdString(font->name) : QString("(null)")),
                 "Font.png");
             reactOnlyWhenAvailable(cell, available);
             return cell;
         }
         case 3:
-            return colorCell("Cell5", "Background Color:", "Palete.png", available,
+            return colorCell("Cell5", tr("Background Color:"), "Palete.png", available,
                              toQColor(settings.badgeBackgroundColor()));
         case 4: {
             const BadgeLocation location = settings.badgeLocation();
             TableViewCell* cell = makeCell("Cell6",
-                                           QString("Position: %1%, %2%")
+                                           tr("Position: %1%, %2%")
                                                .arg(RowGeometry::wholePercent(location.x))
                                                .arg(RowGeometry::wholePercent(location.y)),
                                            "Axis.png");
@@ -146,16 +146,16 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
             return cell;
         }
         case 5:
-            return colorCell("Cell7", "Border Color:", "Border.png", available,
+            return colorCell("Cell7", tr("Border Color:"), "Border.png", available,
                              toQColor(settings.badgeBorderColor()));
         case 6:
-            return sliderCell("Cell8", "Border Width:", "Width.png", available, 0, 1.0f, 2.0f,
-                              settings.badgeBorderWidth(), "Border Width:");
+            return sliderCell("Cell8", tr("Border Width:"), "Width.png", available, 0, 1.0f, 2.0f,
+                              settings.badgeBorderWidth(), tr("Border Width:"));
         case 7: {
             const float alpha = settings.badgeAlpha();
-            alphaCell_ =
-                sliderCell("Cell9", QString("Alpha: %1%").arg(RowGeometry::wholePercent(alpha)),
-                           "Transparency.png", available, 1, 0.0f, 1.0f, alpha, "Alpha: 100%");
+            alphaCell_ = sliderCell("Cell9", tr("Alpha: %1%").arg(RowGeometry::wholePercent(alpha)),
+                                    "Transparency.png", available, 1, 0.0f, 1.0f, alpha,
+                                    tr("Alpha: %1%").arg(100));
             return alphaCell_;
         }
         default:
@@ -163,17 +163,17 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
         }
     }
     if (path.section == 2 && path.row == 0)
-        return makeCell("Cell10", "Restore Defaults", "Restore.png");
+        return makeCell("Cell10", tr("Restore Defaults"), "Restore.png");
     if (path.section == 3) {
         switch (path.row) {
         case 0:
-            return makeCell("Cell11", "Contact Us", "Mail.png");
+            return makeCell("Cell11", tr("Contact Us"), "Mail.png");
         case 1:
-            return makeCell("Cell12", "Follow on Twitter", "Twitter.png");
+            return makeCell("Cell12", tr("Follow on Twitter"), "Twitter.png");
         case 2:
-            return makeCell("Cell13", "View My Other Tweaks", "Wrench.png");
+            return makeCell("Cell13", tr("View My Other Tweaks"), "Wrench.png");
         case 3: {
-            TableViewCell* cell = makeCell("Cell14", "Donate", "Money.png");
+            TableViewCell* cell = makeCell("Cell14", tr("Donate"), "Money.png");
             setTextColor(cell->textLabel(), Qt::blue);
             return cell;
         }
@@ -185,12 +185,12 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
 }
 
 TableViewCell* PomwickPreferencesViewController::enabledCell() {
-    TableViewCell* cell = makeCell("Cell1", "Enabled:", "Enabled.png");
+    TableViewCell* cell = makeCell("Cell1", tr("Enabled:"), "Enabled.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* toggle = new Switch(cell);
     Appearance::follow(toggle, [toggle] { toggle->setOnTintColor(Appearance::controlTint()); });
     toggle->setOn(rowSettings().enabled(), false);
-    toggle->setAccessibleName("Enabled");
+    toggle->setAccessibleName(tr("Enabled"));
     setFrame(toggle, RowGeometry::switchFrame(cellSize(cell), QSizeF(Switch::size)));
     connect(toggle, &Switch::valueChanged, this, [this, toggle] { switchValueChanged(toggle); });
     return cell;
@@ -198,13 +198,13 @@ TableViewCell* PomwickPreferencesViewController::enabledCell() {
 
 TableViewCell* PomwickPreferencesViewController::visibilityCell() {
     const bool enabled = rowSettings().enabled();
-    TableViewCell* cell = makeCell("Cell2", "Visibility:", "Eye.png");
+    TableViewCell* cell = makeCell("Cell2", tr("Visibility:"), "Eye.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
-    auto* control = new SegmentedControl({"Hide", "Show"}, cell);
+    auto* control = new SegmentedControl({tr("Hide"), tr("Show")}, cell);
     control->setSelectedSegmentIndex(rowSettings().badgeVisible() ? 1 : 0);
     control->setEnabled(enabled);
     Appearance::follow(control, [control] { control->setTintColor(Appearance::controlTint()); });
-    control->setAccessibleName("Visibility");
+    control->setAccessibleName(tr("Visibility"));
     setFrame(control, RowGeometry::segmentedControlFrame(cellSize(cell)));
     connect(control, &SegmentedControl::valueChanged, this,
             [this, control] { controlValueChanged(control); });
@@ -214,19 +214,19 @@ TableViewCell* PomwickPreferencesViewController::visibilityCell() {
 }
 
 TableViewCell* PomwickPreferencesViewController::textCell(bool available) {
-    TableViewCell* cell = makeCell("Cell3", "Text:", "Article.png");
+    TableViewCell* cell = makeCell("Cell3", tr("Text:"), "Article.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* field = new TextField(cell);
     field->setText(QString::fromStdString(rowSettings().badgeTextFieldText()));
-    field->setPlaceholderText("Badge Text");
+    field->setPlaceholderText(tr("Badge Text"));
     field->setDelegate(this);
-    field->setAccessibleName("Badge text");
+    field->setAccessibleName(tr("Badge text"));
     field->setEnabled(available);
     auto* info = new ImageButton(bundleIcon("Info.png"), QSize(20, 20), field);
-    info->setAccessibleName("Tip");
+    info->setAccessibleName(tr("Tip"));
     connect(info, &ImageButton::clicked, this, [this] { infoButtonClicked(); });
     field->setRightView(info);
-    const qreal textWidth = sizeWithAttributes("Text:", cell->textLabel()->font()).width();
+    const qreal textWidth = sizeWithAttributes(tr("Text:"), cell->textLabel()->font()).width();
     setFrame(field, RowGeometry::textFieldFrame(cellSize(cell), textWidth,
                                                 TableViewCell::indentationWidth));
     badgeTextTextField_ = field;

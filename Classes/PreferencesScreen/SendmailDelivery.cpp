@@ -16,21 +16,21 @@ std::optional<QString> SendmailDelivery::program() {
 SendmailDelivery::SendmailDelivery(QObject* parent) : QObject(parent) {
     deadline_.setSingleShot(true);
     connect(&deadline_, &QTimer::timeout, this, [this] {
-        finish("sendmail did not finish in time");
+        finish(tr("sendmail did not finish in time"));
         process_.kill();
     });
     connect(&process_, &QProcess::finished, this,
             [this](int exitCode, QProcess::ExitStatus status) {
                 if (status != QProcess::NormalExit)
-                    finish("sendmail stopped: " + process_.errorString());
+                    finish(tr("sendmail stopped: %1").arg(process_.errorString()));
                 else if (exitCode != 0)
-                    finish(QString("sendmail exited with status %1").arg(exitCode));
+                    finish(tr("sendmail exited with status %1").arg(exitCode));
                 else
                     finish({});
             });
     connect(&process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
-            finish("sendmail could not start: " + process_.errorString());
+            finish(tr("sendmail could not start: %1").arg(process_.errorString()));
     });
 }
 
@@ -46,7 +46,7 @@ SendmailDelivery::~SendmailDelivery() {
 void SendmailDelivery::send(const QByteArray& message) {
     const auto sendmail = program();
     if (!sendmail) {
-        finish("no sendmail program is installed");
+        finish(tr("no sendmail program is installed"));
         return;
     }
     process_.setProgram(*sendmail);

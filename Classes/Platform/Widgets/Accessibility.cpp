@@ -9,6 +9,7 @@
 
 #include <QAccessibleValueInterface>
 #include <QAccessibleWidget>
+#include <QCoreApplication>
 #include <cmath>
 
 namespace pomwick {
@@ -42,7 +43,8 @@ public:
 
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Value)
-            return control()->isOn() ? "on" : "off";
+            return control()->isOn() ? QCoreApplication::translate("pomwick::Switch", "on")
+                                     : QCoreApplication::translate("pomwick::Switch", "off");
         return Pressable::text(kind);
     }
     QAccessible::State state() const override {

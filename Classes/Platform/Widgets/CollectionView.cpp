@@ -136,7 +136,12 @@ QRectF CollectionView::layoutFrameForItem(int item) const {
     const int perLine = int(lastColumns_.size());
     const int line = item / perLine;
     const auto& left = line + 1 < lineCount() ? fullColumns_ : lastColumns_;
-    return {QPointF(left[size_t(item % perLine)], lineTop(line)), size_};
+    QRectF frame(QPointF(left[size_t(item % perLine)], lineTop(line)), size_);
+    // Right to left, lines fill from the right, as text does.
+    if (isRightToLeft())
+        frame.moveRight(viewport()->width() - contentInset_.left() - contentInset_.right() -
+                        frame.left());
+    return frame;
 }
 
 std::optional<int> CollectionView::indexPathForSelectedItem() const {
@@ -247,13 +252,15 @@ QModelIndex CollectionView::moveCursor(CursorAction action, Qt::KeyboardModifier
     const int linesPerPage = std::max(1, int(viewport()->height() / std::max(size_.height(), 1.0)));
     int target = current;
     switch (action) {
-    case MoveLeft:
     case MovePrevious:
         target = current - 1;
         break;
-    case MoveRight:
     case MoveNext:
         target = current + 1;
+        break;
+    case MoveLeft: // the item after this one is on its left, right to left
+    case MoveRight:
+        target = current + ((action == MoveRight) != isRightToLeft() ? 1 : -1);
         break;
     case MoveUp:
         target = itemInLine(line - 1, center);

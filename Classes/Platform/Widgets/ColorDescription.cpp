@@ -1,5 +1,7 @@
 #include "ColorDescription.h"
 
+#include <QCoreApplication>
+
 namespace pomwick {
 namespace {
 
@@ -11,7 +13,7 @@ QString percent(float component) {
 } // namespace
 
 QString describeColor(const Color& color) {
-    return QStringLiteral("red %1 green %2 blue %3")
+    return QCoreApplication::translate("pomwick::ColorDescription", "red %1 green %2 blue %3")
         .arg(percent(color.red), percent(color.green), percent(color.blue));
 }
 

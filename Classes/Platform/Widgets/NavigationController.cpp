@@ -87,9 +87,10 @@ NavigationController::NavigationController(ViewController* root, QSize size, QWi
         if (auto* top = topViewController(); top && top->rightBarButtonItem())
             top->rightBarButtonItem()->action();
     });
-    auto* altLeft = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this);
-    altLeft->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(altLeft, &QShortcut::activated, this, &NavigationController::goBack);
+    // Back is along the back button's arrow: Alt+Right, right to left.
+    auto* backKey = new QShortcut(Qt::ALT | (isRightToLeft() ? Qt::Key_Right : Qt::Key_Left), this);
+    backKey->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(backKey, &QShortcut::activated, this, &NavigationController::goBack);
     auto* quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
     quit->setContext(Qt::ApplicationShortcut);
     connect(quit, &QShortcut::activated, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
@@ -200,7 +201,8 @@ void NavigationController::transition(QWidget* leaving, QWidget* entering, bool 
     sinceTransition_.restart();
     qApp->installEventFilter(this);
     // The page on top slides the full width; the one beneath moves a third as far.
-    const int width = content_->width();
+    // Right to left, pages come in from the left.
+    const int width = isRightToLeft() ? -content_->width() : content_->width();
     QWidget* top = forward ? entering : leaving;
     QWidget* under = forward ? leaving : entering;
     top->raise();

@@ -4,6 +4,7 @@
 #include "PickerWheel.h"
 
 #include <QPainter>
+#include <QStyle>
 #include <algorithm>
 #include <cmath>
 
@@ -96,8 +97,10 @@ void PickerView::layoutWheels() {
     }
     qreal x = (width() - total) / 2;
     for (size_t component = 0; component < components_.size(); ++component) {
+        // Right to left, the first wheel is the rightmost.
+        const QRect slot = QRectF(x, 0, widths[component], height()).toAlignedRect();
         components_[component].wheel->setGeometry(
-            QRectF(x, 0, widths[component], height()).toAlignedRect());
+            QStyle::visualRect(layoutDirection(), rect(), slot));
         x += widths[component] + componentSpacing;
     }
 }

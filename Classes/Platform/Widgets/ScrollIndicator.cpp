@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPropertyAnimation>
 #include <QScrollBar>
+#include <QStyle>
 #include <algorithm>
 
 namespace pomwick {
@@ -60,8 +61,8 @@ void ScrollIndicator::fadeOut() {
     fade->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
-// Over the viewport's right edge: the track is the viewport's height, the bar the visible share.
-// False, and hidden, when the content fits.
+// Over the viewport's right edge (left, right to left): the track is the viewport's height, the bar
+// the visible share. False, and hidden, when the content fits.
 bool ScrollIndicator::place() {
     const QScrollBar* bar = area_->verticalScrollBar();
     const qreal range = bar->maximum() - bar->minimum();
@@ -77,8 +78,10 @@ bool ScrollIndicator::place() {
         std::clamp(track * viewport.height() / content, std::min(shortest, track), track);
     const qreal position = std::clamp((bar->value() - bar->minimum()) / range, 0.0, 1.0);
     const qreal top = viewport.top() + edgeGap + (track - length) * position;
-    setGeometry(
-        QRectF(viewport.right() + 1 - edgeGap - thickness, top, thickness, length).toAlignedRect());
+    const QRect indicator =
+        QRectF(viewport.right() + 1 - edgeGap - thickness, top, thickness, length).toAlignedRect();
+    // Right to left, the indicator runs down the left edge.
+    setGeometry(QStyle::visualRect(layoutDirection(), area_->rect(), indicator));
     return true;
 }
 

@@ -35,9 +35,13 @@ void Segment::focusInEvent(QFocusEvent* event) {
 // starts finds it on the chosen segment.
 void Segment::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
-    const int step = key == Qt::Key_Left || key == Qt::Key_Up      ? -1
-                     : key == Qt::Key_Right || key == Qt::Key_Down ? 1
-                                                                   : 0;
+    // Right to left, the segment after this one is on its left.
+    const int left = isRightToLeft() ? 1 : -1;
+    const int step = key == Qt::Key_Up      ? -1
+                     : key == Qt::Key_Down  ? 1
+                     : key == Qt::Key_Left  ? left
+                     : key == Qt::Key_Right ? -left
+                                            : 0;
     if (step == 0 || group() == nullptr) {
         QAbstractButton::keyPressEvent(event);
         return;
@@ -101,8 +105,11 @@ void SegmentedControl::setTintColor(const QColor& color) {
 
 QRectF SegmentedControl::segmentRect(int index) const {
     const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    const qreal width = area.width() / std::max<qsizetype>(1, group_.buttons().size());
-    return {area.left() + index * width, area.top(), width, area.height()};
+    const qsizetype count = std::max<qsizetype>(1, group_.buttons().size());
+    const qreal width = area.width() / count;
+    // Right to left, the first segment is the rightmost.
+    const qsizetype slot = isRightToLeft() ? count - 1 - index : index;
+    return {area.left() + qreal(slot) * width, area.top(), width, area.height()};
 }
 
 void SegmentedControl::resizeEvent(QResizeEvent* event) {
@@ -130,7 +137,7 @@ void SegmentedControl::paintEvent(QPaintEvent*) {
             painter.fillRect(segment, tint_);
         painter.setPen(i == selected ? Appearance::cellBackground() : tint_);
         painter.drawText(segment, Qt::AlignCenter, button->text());
-        if (i > 0)
+        if (segment.left() > area.left()) // between segments, in either direction
             painter.fillRect(QRectF(segment.left() - 0.5, area.top(), 1, area.height()), tint_);
     }
     painter.setClipping(false);

@@ -84,6 +84,8 @@ qreal Slider::thumbCenter() const {
 }
 
 float Slider::valueAt(qreal x) const {
+    if (isRightToLeft())
+        x = width() - x;
     const qreal span = std::max<qreal>(1, width() - thumbDiameter);
     const qreal fraction = std::clamp((x - thumbDiameter / 2) / span, 0.0, 1.0);
     return clamped(minimum_ + float(fraction) * (maximum_ - minimum_));
@@ -102,6 +104,9 @@ void Slider::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     if (!isEnabled())
         painter.setOpacity(0.45);
+    // Right to left, the minimum is at the right end and the filled track grows leftwards.
+    if (isRightToLeft())
+        painter.setTransform(QTransform(-1, 0, 0, 1, width(), 0));
     const qreal middle = height / 2;
     const qreal center = thumbCenter();
     painter.setPen(Qt::NoPen);

@@ -30,6 +30,9 @@ void Switch::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     if (!isEnabled())
         painter.setOpacity(0.5);
+    // Right to left, a switch that is on has its knob at the left.
+    if (isRightToLeft())
+        painter.setTransform(QTransform(-1, 0, 0, 1, width(), 0));
     const QRectF track = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     const qreal radius = track.height() / 2;
     painter.setPen(isOn() ? Qt::NoPen : QPen(Appearance::switchRim(), 1.5));

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPixmapCache>
+#include <QStyle>
 
 namespace pomwick {
 
@@ -118,13 +119,18 @@ void TableViewCell::setSeparatorInset(std::optional<qreal> inset) {
 }
 
 void TableViewCell::layoutContent() {
+    // Right to left, the icon and then the text start from the right edge.
+    const auto place = [this](QWidget* view, const QRect& slot) {
+        view->setGeometry(QStyle::visualRect(layoutDirection(), rect(), slot));
+    };
     const int left = 15;
     int textLeft = left;
     if (!imageView_->isHidden()) {
-        imageView_->move(left, (height() - imageView_->height()) / 2);
+        place(imageView_,
+              QRect(QPoint(left, (height() - imageView_->height()) / 2), imageView_->size()));
         textLeft = left + imageView_->width() + 15;
     }
-    textLabel_->setGeometry(textLeft, 0, std::max(0, width() - textLeft - 15), height());
+    place(textLabel_, QRect(textLeft, 0, std::max(0, width() - textLeft - 15), height()));
 }
 
 void TableViewCell::paintEvent(QPaintEvent*) {
@@ -134,9 +140,9 @@ void TableViewCell::paintEvent(QPaintEvent*) {
                      lit ? Appearance::selectedCellBackground() : Appearance::cellBackground());
     if (separatorInset_) {
         const qreal line = Appearance::hairlineWidth(painter);
-        painter.fillRect(
-            QRectF(*separatorInset_, height() - line, width() - *separatorInset_, line),
-            Appearance::hairline());
+        painter.fillRect(QRectF(isRightToLeft() ? 0 : *separatorInset_, height() - line,
+                                width() - *separatorInset_, line),
+                         Appearance::hairline());
     }
     if (Appearance::showsFocusRing(this))
         Appearance::drawFocusRing(painter, QRectF(rect()), 4);

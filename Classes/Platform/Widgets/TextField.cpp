@@ -84,8 +84,12 @@ void TextField::setRightView(QWidget* view) {
 void TextField::placeRightView() {
     if (!rightView_)
         return;
-    rightView_->move(width() - rightView_->width(), (height() - rightView_->height()) / 2);
-    setTextMargins(0, 0, rightView_->width() + 6, 0);
+    // Right to left, the view stands at the left end and the text keeps clear of it there.
+    const bool mirrored = isRightToLeft();
+    const int margin = rightView_->width() + 6;
+    rightView_->move(mirrored ? 0 : width() - rightView_->width(),
+                     (height() - rightView_->height()) / 2);
+    setTextMargins(mirrored ? margin : 0, 0, mirrored ? 0 : margin, 0);
 }
 
 void TextField::focusInEvent(QFocusEvent* event) {

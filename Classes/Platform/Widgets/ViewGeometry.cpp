@@ -4,6 +4,7 @@
 
 #include <QGraphicsOpacityEffect>
 #include <QPalette>
+#include <QResizeEvent>
 #include <cmath>
 
 namespace pomwick {
@@ -12,6 +13,7 @@ namespace {
 constexpr const char* frameProperty = "pomwickFrame";
 constexpr const char* tagProperty = "pomwickTag";
 constexpr const char* alphaProperty = "pomwickAlpha";
+constexpr const char* mirroredProperty = "pomwickMirroredFrames";
 
 int placed(qreal value) {
     return std::isfinite(value) ? int(std::lround(std::clamp(value, -1e6, 1e6))) : 0;
@@ -22,17 +24,56 @@ QRect placedRect(const QRectF& frame) {
             std::max(0, placed(frame.height()))};
 }
 
+// Right to left, a frame's x counts from the parent's right edge, where a layout would put it.
+QRect placedRect(const QWidget* view, const QRectF& frame, int parentWidth) {
+    QRect rect = placedRect(frame);
+    if (view->parentWidget() != nullptr && view->parentWidget()->isRightToLeft())
+        rect.moveLeft(parentWidth - rect.right() - 1);
+    return rect;
+}
+
+QRect placedRect(const QWidget* view, const QRectF& frame) {
+    return placedRect(view, frame, view->parentWidget() ? view->parentWidget()->width() : 0);
+}
+
+// A mirrored parent that changes width takes the children it placed along to the new right edge.
+class MirroredFrames : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Resize)
+            return false;
+        const int oldWidth = static_cast<QResizeEvent*>(event)->oldSize().width();
+        for (QObject* child : watched->children()) {
+            auto* view = qobject_cast<QWidget*>(child);
+            const QVariant stored = view ? view->property(frameProperty) : QVariant();
+            if (stored.isValid() &&
+                view->geometry() == placedRect(view, stored.toRectF(), oldWidth))
+                view->setGeometry(placedRect(view, stored.toRectF()));
+        }
+        return false;
+    }
+};
+
 } // namespace
 
 void setFrame(QWidget* view, const QRectF& frame) {
     view->setProperty(frameProperty, frame);
-    view->setGeometry(placedRect(frame));
+    view->setGeometry(placedRect(view, frame));
+    QWidget* parent = view->parentWidget();
+    if (parent != nullptr && parent->isRightToLeft() &&
+        !parent->property(mirroredProperty).isValid()) {
+        parent->setProperty(mirroredProperty, true);
+        parent->installEventFilter(new MirroredFrames(parent));
+    }
 }
 
 QRectF frame(const QWidget* view) {
     // A widget placed by someone else since its frame was set: its geometry is the truth.
     const QVariant stored = view->property(frameProperty);
-    if (stored.isValid() && placedRect(stored.toRectF()) == view->geometry())
+    if (stored.isValid() && placedRect(view, stored.toRectF()) == view->geometry())
         return stored.toRectF();
     return QRectF(view->geometry());
 }
