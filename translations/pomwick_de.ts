@@ -455,6 +455,13 @@ Pomwick v%1</translation>
     </message>
 </context>
 <context>
+    <name>pomwick::ProgressIndicatorView</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+</context>
+<context>
     <name>pomwick::SendmailDelivery</name>
     <message>
         <source>sendmail did not finish in time</source>
@@ -517,20 +524,6 @@ Pomwick v%1</translation>
     <message>
         <source>Undo</source>
         <translation>Widerrufen</translation>
-    </message>
-</context>
-<context>
-    <name>pomwick::ZRBarProgressView</name>
-    <message>
-        <source>Progress</source>
-        <translation>Fortschritt</translation>
-    </message>
-</context>
-<context>
-    <name>pomwick::ZRRoundProgressView</name>
-    <message>
-        <source>Progress</source>
-        <translation>Fortschritt</translation>
     </message>
 </context>
 </TS>
