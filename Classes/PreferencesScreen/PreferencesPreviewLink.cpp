@@ -1,13 +1,14 @@
 // The preview: the screen's message center, the composed badge over the sample icon, and the
 // layout for the current size.
 #include "BadgeImagePrimitives.h"
+#include "FontPickerSheet.h"
 #include "MessageNames.h"
 #include "MessagingCenter.h"
 #include "PomwickPreferencesViewController.h"
-#include "PreviewComposition.h"
+#include "PreviewHeader.h"
+#include "TableView.h"
 #include "ViewGeometry.h"
 
-#include <QPixmap>
 #include <QTimer>
 
 namespace pomwick {
@@ -42,50 +43,18 @@ void PomwickPreferencesViewController::registerPreviewMessages() {
 }
 
 void PomwickPreferencesViewController::handleSimpleMessageNamed(const QString& name) {
-    if (name != MessageName::badgeSavedToTmp || tableHeaderView_ == nullptr)
+    if (name != MessageName::badgeSavedToTmp || header_ == nullptr)
         return;
-    showPreviewUnavailable(false);
+    header_->showUnavailable(false);
     endRespring();
-    const PreviewBadge badge = composePreviewBadge(frame(iconImageView_), iconSize_);
-    auto* badgeView = qobject_cast<QLabel*>(viewWithTag(tableHeaderView_, previewBadgeTag));
-    if (badgeView == nullptr) {
-        badgeView = new QLabel(tableHeaderView_);
-        badgeView->setScaledContents(true);
-        badgeView->setObjectName("previewBadge");
-        setTag(badgeView, previewBadgeTag);
-        badgeView->show();
-    }
-    setFinalBadgeImage(badge.image);
-    if (badge.frame)
-        setFrame(badgeView, *badge.frame);
-    badgeView->setPixmap(finalBadgeImage_.isNull() ? QPixmap()
-                                                   : QPixmap::fromImage(finalBadgeImage_));
-    badgeView->raise();
-    if (!finalBadgeImage_.isNull())
-        emit contentReady();
+    setFinalBadgeImage(header_->showComposedBadge(iconSize_));
 }
 
 void PomwickPreferencesViewController::updateUI() {
     const QRectF viewBounds = bounds(view());
     setFrame(mainTableView_, QRectF(0, 0, viewBounds.width(), viewBounds.height()));
-    setFrame(infoLabel_, QRectF(0, 0, viewBounds.width(), 30));
-    const QRectF header = frame(tableHeaderView_);
-    const QRectF icon = frame(iconImageView_);
-    setFrame(iconImageView_, QRectF(QPointF(header.width() / 2 - icon.width() / 2,
-                                            header.height() / 2 + frame(infoLabel_).height() * 0.5 -
-                                                icon.height() / 2),
-                                    icon.size()));
-    if (fontContainerView_) {
-        const qreal sheetHeight = frame(fontContainerView_).height();
-        setFrame(fontContainerView_,
-                 QRectF(0, viewBounds.height() - sheetHeight, viewBounds.width(), sheetHeight));
-        setFrame(fontPicker_, QRectF(0, 44, viewBounds.width(), frame(fontPicker_).height()));
-        setFrame(doneToolbar_, QRectF(0, 0, viewBounds.width(), 44));
-        // The tap catcher follows too, so that no part of the table is left uncovered.
-        if (dimmingView_)
-            setFrame(dimmingView_,
-                     QRectF(0, 0, viewBounds.width(), viewBounds.height() - sheetHeight));
-    }
+    header_->layOut(viewBounds.width());
+    fontSheet_->layOut(viewBounds);
     // Back from the position editor: its drop is a step.
     endGesture(tr("Position"));
     reloadTableData();
