@@ -1,5 +1,7 @@
 // The other end of a bare ping-pong: answers every "ping" to its bus name with a "reloadData" to
-// the screen's center, where the benchmark counts it. Usage: pomwick-bench-echo-peer
+// the screen's center, where the benchmark counts it. Given a bus name, it holds that name too and
+// swallows what is sent to it: a renderer that is running but costs nothing.
+// Usage: pomwick-bench-echo-peer [NAME]
 #include "MessageNames.h"
 #include "MessagingCenter.h"
 
@@ -27,6 +29,8 @@ int main(int argc, char** argv) {
     if (!bus.registerObject(QStringLiteral("/com/velquor/pomwickbench/echo"), &echo,
                             QDBusConnection::ExportAllSlots) ||
         !bus.registerService(QStringLiteral("com.velquor.pomwickbench.echo")))
+        return 1;
+    if (argc > 1 && !bus.registerService(QString::fromLocal8Bit(argv[1])))
         return 1;
     return app.exec();
 }

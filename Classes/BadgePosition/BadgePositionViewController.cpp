@@ -154,8 +154,12 @@ void BadgePositionViewController::viewWillDisappear(bool) {
     MessagingCenter::centerNamed(CenterName::preferences).sendMessageName(MessageName::reloadData);
 }
 
-void BadgePositionViewController::didRotateFromInterfaceOrientation(int) {
+void BadgePositionViewController::viewDidLayoutSubviews() {
     layOutForViewSize(bounds(view()).size());
+}
+
+void BadgePositionViewController::didRotateFromInterfaceOrientation(int) {
+    viewDidLayoutSubviews();
 }
 
 void BadgePositionViewController::touchesBegan(QPointF point) {

@@ -35,6 +35,7 @@ public:
 
     void viewDidLoad() override;
     void viewWillDisappear(bool animated) override;
+    void viewDidLayoutSubviews() override;
     void didRotateFromInterfaceOrientation(int fromOrientation) override;
 
     // The drag, with points in the square's coordinates.

@@ -44,6 +44,7 @@ public:
 
     // Construction.
     void viewDidLoad() override;
+    void viewDidLayoutSubviews() override;
     void didRotateFromInterfaceOrientation(int fromOrientation) override;
     void respring();
     TableView* table() const { return mainTableView_; }

@@ -50,11 +50,17 @@ void PomwickPreferencesViewController::handleSimpleMessageNamed(const QString& n
     setFinalBadgeImage(header_->showComposedBadge(iconSize_));
 }
 
-void PomwickPreferencesViewController::updateUI() {
+void PomwickPreferencesViewController::viewDidLayoutSubviews() {
+    if (header_ == nullptr)
+        return;
     const QRectF viewBounds = bounds(view());
     setFrame(mainTableView_, QRectF(0, 0, viewBounds.width(), viewBounds.height()));
     header_->layOut(viewBounds.width());
     fontSheet_->layOut(viewBounds);
+}
+
+void PomwickPreferencesViewController::updateUI() {
+    viewDidLayoutSubviews();
     // Back from the position editor: its drop is a step.
     endGesture(tr("Position"));
     reloadTableData();

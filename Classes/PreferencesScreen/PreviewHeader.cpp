@@ -77,13 +77,19 @@ QImage PreviewHeader::showComposedBadge(float iconSize) {
 }
 
 void PreviewHeader::layOut(qreal width) {
+    const QPointF iconBefore = frame(iconImageView_).topLeft();
     setFrame(infoLabel_, QRectF(0, 0, width, captionHeight));
-    const QRectF header = frame(view_);
+    // The header spans the table, which spans the view; a hidden table learns its new width late.
+    const QRectF header(0, 0, width, frame(view_).height());
     const QRectF icon = frame(iconImageView_);
     setFrame(iconImageView_, QRectF(QPointF(header.width() / 2 - icon.width() / 2,
                                             header.height() / 2 + frame(infoLabel_).height() * 0.5 -
                                                 icon.height() / 2),
                                     icon.size()));
+    // The badge rides on the icon; it is composed again only with the next preview.
+    if (QWidget* badgeView = viewWithTag(view_, previewBadgeTag))
+        setFrame(badgeView,
+                 frame(badgeView).translated(frame(iconImageView_).topLeft() - iconBefore));
 }
 
 QLabel* PreviewHeader::unavailableLabel() const {

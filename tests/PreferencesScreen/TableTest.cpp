@@ -20,10 +20,17 @@ using Table = pomwick::test::ScreenFixture;
 
 namespace {
 
+// Dimmed: the label's colour at 60 % and the icon faded with it, whose most opaque pixel is then
+// at 60 % too.
 bool isDimmed(const TableViewCell* cell) {
-    const qreal label = alpha(cell->textLabel());
-    EXPECT_EQ(label, alpha(cell->imageView()));
-    return label == 0.6;
+    const bool label = cell->textLabel()->palette().color(QPalette::WindowText).alpha() == 153;
+    const QImage icon = cell->imageView()->pixmap().toImage();
+    int opaquest = 0;
+    for (int y = 0; y < icon.height(); ++y)
+        for (int x = 0; x < icon.width(); ++x)
+            opaquest = std::max(opaquest, icon.pixelColor(x, y).alpha());
+    EXPECT_EQ(label, std::abs(opaquest - 153) <= 1) << opaquest;
+    return label;
 }
 
 } // namespace
@@ -162,9 +169,18 @@ TEST_F(Table, OnlyBadgeSavedToTmpComposesThePreviewOverTheIcon) {
     EXPECT_EQ(frame(badgeView).topLeft(), icon.topLeft() + QPointF(30, 15));
     EXPECT_EQ(frame(badgeView).height(), 24);
 
+    // 100 points wider: the icon is centred again and the badge rides on it; nothing is rebuilt.
+    const TableViewCell* row = cell(0, 0);
+    setFrame(screen->view(), QRectF(QPointF(), bounds(screen->view()).size() + QSizeF(100, 0)));
+    screen->viewDidLayoutSubviews();
+    const QRectF moved = frame(screen->iconImageView());
+    EXPECT_EQ(std::tuple(cell(0, 0), moved.topLeft()),
+              std::tuple(row, icon.topLeft() + QPointF(50, 0)));
+    EXPECT_EQ(frame(badgeView).topLeft(), moved.topLeft() + QPointF(30, 15));
+
     // Hidden: no badge, and the view keeps its frame.
     setPreferencesObjectKey("FALSE", SettingsKey::badgeVisible);
     screen->handleSimpleMessageNamed("badgeSavedToTmp");
     EXPECT_TRUE(screen->finalBadgeImage().isNull());
-    EXPECT_EQ(frame(badgeView).topLeft(), icon.topLeft() + QPointF(30, 15));
+    EXPECT_EQ(frame(badgeView).topLeft(), moved.topLeft() + QPointF(30, 15));
 }

@@ -98,7 +98,8 @@ NavigationController::NavigationController(ViewController* root, QSize size, QWi
     // controls their labels.
     setMinimumSize(320, 320);
     settle_.setSingleShot(true);
-    settle_.setInterval(60);
+    // A rotation is judged once the resize has settled, as a turn of the device takes a moment.
+    settle_.setInterval(Animations::duration(60));
     connect(&settle_, &QTimer::timeout, this, &NavigationController::reportRotation);
     resize(size);
     pushViewController(root, false);
@@ -304,8 +305,11 @@ void NavigationController::updateBar() {
 void NavigationController::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     layoutContent();
-    if (appeared_)
-        settle_.start();
+    if (!appeared_)
+        return;
+    if (ViewController* top = topViewController())
+        top->viewDidLayoutSubviews();
+    settle_.start();
 }
 
 void NavigationController::showEvent(QShowEvent* event) {
@@ -313,6 +317,7 @@ void NavigationController::showEvent(QShowEvent* event) {
     if (appeared_)
         return;
     appeared_ = true;
+    orientation_ = width() > height() ? 3 : 1;
     // The window opens with the focus on itself, not on its first button: no ring until the
     // first Tab, which goes to the back button.
     if (focusWidget() == nullptr)
@@ -323,11 +328,14 @@ void NavigationController::showEvent(QShowEvent* event) {
     }
 }
 
-// A desktop window has no orientation of its own: its shape stands for it, and every settled
-// resize is reported as a rotation so the screen lays itself out again for the new size.
+// A desktop window has no orientation of its own: its shape stands for it. Once a resize has
+// settled and the shape has turned from tall to wide or back, that is a rotation; any other resize
+// only lays the page out again.
 void NavigationController::reportRotation() {
     const int from = orientation_;
     orientation_ = width() > height() ? 3 : 1;
+    if (orientation_ == from)
+        return;
     if (ViewController* top = topViewController())
         top->didRotateFromInterfaceOrientation(from);
 }

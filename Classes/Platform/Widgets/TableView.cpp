@@ -64,18 +64,20 @@ qreal TableView::rowWidth() const {
 }
 
 // Rows go once control returns to the event loop: a reload often starts from a signal of a
-// control inside the very rows it replaces. They go together, in one hidden container, which
-// is far cheaper than deleting each one later on its own.
+// control inside the very rows it replaces. They are hidden at once and deleted together by one
+// posted deletion; moving them out to a holder instead would resolve the palette and font of
+// every widget beneath them again.
 void TableView::clear() {
     // A focused control that is retired would hand its focus on down the chain, and the scroll
     // area would scroll to wherever it lands.
     if (QWidget* focused = QApplication::focusWidget(); focused && content_->isAncestorOf(focused))
         focused->clearFocus();
-    auto* retired = new QWidget;
-    retired->hide();
-    const auto retire = [retired](QWidget* widget) {
-        if (widget != nullptr)
-            widget->setParent(retired);
+    std::vector<QPointer<QWidget>> retired;
+    const auto retire = [&retired](QWidget* widget) {
+        if (widget != nullptr) {
+            widget->hide();
+            retired.emplace_back(widget);
+        }
     };
     for (Section& section : sections_) {
         retire(section.title);
@@ -83,7 +85,12 @@ void TableView::clear() {
             retire(cell);
         retire(section.footer);
     }
-    retired->deleteLater();
+    auto* deletion = new QObject;
+    connect(deletion, &QObject::destroyed, [retired = std::move(retired)] {
+        for (const QPointer<QWidget>& widget : retired)
+            delete widget.data();
+    });
+    deletion->deleteLater();
     sections_.clear();
     selected_.reset();
 }
@@ -99,25 +106,28 @@ std::optional<TableView::FocusPlace> TableView::focusPlace() const {
             if (cell == nullptr || (cell != focused && !cell->isAncestorOf(focused)))
                 continue;
             const IndexPath path{int(section), int(row)};
-            return FocusPlace{path, cell->findChildren<QWidget*>().indexOf(focused)};
+            if (focused == cell)
+                return FocusPlace{path, {}, {}};
+            return FocusPlace{path, focused->metaObject()->className(), focused->accessibleName()};
         }
     }
     return std::nullopt;
 }
 
-// The rebuilt row has the same widgets in the same order.
+// The same row, and in it the control of the same kind and name, wherever the rebuilt row put it.
 void TableView::restoreFocus(const FocusPlace& place) {
     TableViewCell* cell = cellForRowAtIndexPath(place.row);
     if (cell == nullptr)
         return;
-    QWidget* target = cell;
-    if (place.widget >= 0) {
-        const QList<QWidget*> widgets = cell->findChildren<QWidget*>();
-        if (place.widget >= widgets.size())
-            return;
-        target = widgets[place.widget];
+    QWidget* target = place.className.isEmpty() ? cell : nullptr;
+    for (QWidget* widget : cell->findChildren<QWidget*>()) {
+        if (target != nullptr)
+            break;
+        if (place.className == widget->metaObject()->className() &&
+            place.name == widget->accessibleName())
+            target = widget;
     }
-    if (target->isEnabled() && (target->focusPolicy() & Qt::TabFocus) != 0)
+    if (target != nullptr && target->isEnabled() && (target->focusPolicy() & Qt::TabFocus) != 0)
         target->setFocus(Qt::OtherFocusReason);
 }
 

@@ -63,10 +63,13 @@ private:
         std::vector<QPointer<TableViewCell>> cells;
         QPointer<QWidget> footer;
     };
-    // Where the keyboard focus is: a row, and which of its widgets (-1: the row itself).
+    // Where the keyboard focus is: a row, and the kind and accessible name of the widget in it
+    // (none: the row itself), which a rebuilt row keeps though its widgets may come in another
+    // order.
     struct FocusPlace {
         IndexPath row;
-        qsizetype widget = -1;
+        QByteArray className;
+        QString name;
     };
     void layoutRows();
     void clear();

@@ -3,6 +3,7 @@
 #include "Appearance.h"
 #include "ViewGeometry.h"
 
+#include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
@@ -18,6 +19,8 @@ TableViewCell::TableViewCell(QString reuseIdentifier, QSizeF size, QWidget* pare
     // A label inside a button draws in the button's text colour unless told otherwise, which
     // would ignore the colour set on it.
     textLabel_->setForegroundRole(QPalette::WindowText);
+    // Whoever colours the label after it was dimmed keeps it dimmed.
+    textLabel_->installEventFilter(this);
     imageView_->setScaledContents(true);
     imageView_->hide();
     setFrame(this, QRectF(QPointF(0, 0), size));
@@ -37,13 +40,23 @@ void TableViewCell::setSelectionStyle(SelectionStyle style) {
     updateFocusPolicy();
 }
 
-// Rows are rebuilt from the same few icons again and again: each is converted once.
-QPixmap TableViewCell::iconPixmap(const QImage& image) {
-    const QString key = QStringLiteral("pomwick-row-icon-%1").arg(image.cacheKey());
+// Rows are rebuilt from the same few icons again and again: each is converted once, and once
+// more faded.
+QPixmap TableViewCell::iconPixmap(const QImage& image, bool faded) {
+    const QString key =
+        QStringLiteral("pomwick-row-icon-%1-%2").arg(image.cacheKey()).arg(int(faded));
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
-    pixmap = QPixmap::fromImage(image);
+    if (faded) {
+        pixmap = QPixmap(iconPixmap(image, false).size());
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setOpacity(dimmedAlpha);
+        painter.drawPixmap(0, 0, iconPixmap(image, false));
+    } else {
+        pixmap = QPixmap::fromImage(image);
+    }
     // Row icons are drawn at twice their size in points.
     pixmap.setDevicePixelRatio(image.devicePixelRatio() == 1.0 ? 2.0 : image.devicePixelRatio());
     QPixmapCache::insert(key, pixmap);
@@ -51,21 +64,41 @@ QPixmap TableViewCell::iconPixmap(const QImage& image) {
 }
 
 void TableViewCell::setImage(const QImage& image) {
+    image_ = image;
     imageView_->setVisible(!image.isNull());
     if (!image.isNull()) {
-        const QPixmap pixmap = iconPixmap(image);
+        const QPixmap pixmap = iconPixmap(image, dimmed_);
         imageView_->setPixmap(pixmap);
         imageView_->resize(pixmap.deviceIndependentSize().toSize());
     }
     layoutContent();
 }
 
+// The label's text colour and the icon take the alpha; the row's white background stays.
 void TableViewCell::setDimmed(bool dimmed) {
-    // The label and the icon, not the row: its white background stays.
-    constexpr qreal faded = 0.6;
+    if (dimmed == dimmed_)
+        return;
     dimmed_ = dimmed;
-    setAlpha(textLabel_, dimmed ? faded : 1.0);
-    setAlpha(imageView_, dimmed ? faded : 1.0);
+    fadeLabel();
+    if (!image_.isNull())
+        imageView_->setPixmap(iconPixmap(image_, dimmed_));
+}
+
+void TableViewCell::fadeLabel() {
+    QPalette palette = textLabel_->palette();
+    QColor color = palette.color(QPalette::WindowText);
+    const int wanted = qRound(255 * (dimmed_ ? dimmedAlpha : 1.0));
+    if (color.alpha() == wanted)
+        return;
+    color.setAlpha(wanted);
+    palette.setColor(QPalette::WindowText, color);
+    textLabel_->setPalette(palette);
+}
+
+bool TableViewCell::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == textLabel_ && event->type() == QEvent::PaletteChange)
+        fadeLabel();
+    return QAbstractButton::eventFilter(watched, event);
 }
 
 void TableViewCell::setUserInteractionEnabled(bool enabled) {

@@ -27,6 +27,7 @@ public:
     enum class SelectionStyle { None, Default };
     static constexpr qreal rowHeight = 44;
     static constexpr qreal indentationWidth = 10;
+    static constexpr qreal dimmedAlpha = 0.6;
 
     // A cell made inside the table's content (TableView::contentView()) is spared a move into it.
     TableViewCell(QString reuseIdentifier, QSizeF size, QWidget* parent = nullptr);
@@ -39,6 +40,7 @@ public:
     void setSelectionStyle(SelectionStyle style);
     SelectionStyle selectionStyle() const { return selectionStyle_; }
     // A dimmed row's label and icon are faded; assistive tools hear it is unavailable.
+    // The label stays dimmed whatever colour it is given afterwards.
     void setDimmed(bool dimmed);
     bool isDimmed() const { return dimmed_; }
     // A cell that does not react ignores touches, its controls included.
@@ -54,18 +56,21 @@ signals:
     void tapped();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    static QPixmap iconPixmap(const QImage& image);
+    static QPixmap iconPixmap(const QImage& image, bool faded);
+    void fadeLabel();
     void layoutContent();
     void updateFocusPolicy();
 
     QString reuseIdentifier_;
     QLabel* imageView_;
     QLabel* textLabel_;
+    QImage image_;
     SelectionStyle selectionStyle_ = SelectionStyle::Default;
     bool interactionEnabled_ = true;
     bool dimmed_ = false;

@@ -47,7 +47,10 @@ public:
     virtual void viewDidAppear(bool /*animated*/) {}
     virtual void viewWillDisappear(bool /*animated*/) {}
     virtual void viewDidDisappear(bool /*animated*/) {}
-    // fromOrientation: 1 portrait, 3 or 4 landscape (the device's numbering).
+    // The view changed size: place what is in it again. Nothing is rebuilt for a resize.
+    virtual void viewDidLayoutSubviews() {}
+    // The window turned from portrait to landscape or back; fromOrientation: 1 portrait, 3 or 4
+    // landscape (the device's numbering).
     virtual void didRotateFromInterfaceOrientation(int /*fromOrientation*/) {}
 
 signals:

@@ -38,6 +38,10 @@ public:
     void viewDidAppear(bool) override { log_ << title() + " didAppear"; }
     void viewWillDisappear(bool) override { log_ << title() + " willDisappear"; }
     void viewDidDisappear(bool) override { log_ << title() + " didDisappear"; }
+    void viewDidLayoutSubviews() override { log_ << title() + " layout"; }
+    void didRotateFromInterfaceOrientation(int from) override {
+        log_ << title() + " rotate from " + QString::number(from);
+    }
 
 private:
     QStringList& log_;
@@ -174,4 +178,18 @@ TEST_F(Stack, ASheetKeepsTabInsideAndThePageOutOfReachThenGivesTheFocusBack) {
     EXPECT_TRUE(sheet->isAncestorOf(focus()));
     delete sheet;
     EXPECT_EQ(focus(), root->first);
+}
+
+TEST_F(Stack, AResizeLaysThePageOutAndOnlyTurningTallToWideOrBackIsARotation) {
+    const auto resizedTo = [this](int width, int height) {
+        log.clear();
+        navigation.resize(width, height);
+        QCoreApplication::processEvents();
+        return log;
+    };
+    navigation.resize(400, 700);
+    EXPECT_EQ(resizedTo(420, 760), QStringList{"Settings layout"});
+    EXPECT_EQ(resizedTo(900, 500), QStringList({"Settings layout", "Settings rotate from 1"}));
+    EXPECT_EQ(resizedTo(800, 500), QStringList{"Settings layout"});
+    EXPECT_EQ(resizedTo(500, 800), QStringList({"Settings layout", "Settings rotate from 3"}));
 }
