@@ -2,9 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
-
-class QRectF;
-class QWidget;
+#include <QWidget>
 
 namespace pomwick {
 

@@ -3,9 +3,9 @@
 #include <QImage>
 #include <QObject>
 #include <QPointer>
+#include <QWidget>
 
 class QLabel;
-class QWidget;
 
 namespace pomwick {
 

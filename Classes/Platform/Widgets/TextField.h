@@ -35,6 +35,7 @@ public:
 
 // A one-line text field with a clear background, a placeholder and an optional view on its
 // right, that asks its delegate about each edit before it is shown. The delegate is held weakly.
+// Text set from code, by whatever means, is no edit: the delegate is not asked about it.
 // A text beyond displayedTextLimit shows only its start; edits there apply to the whole text.
 // Escape stays in the field: it drops the selection and does not reach the page around it.
 class POMWICK_PLATFORM_EXPORT TextField : public QLineEdit {
@@ -50,7 +51,7 @@ public:
     void setRightView(QWidget* view);
     QWidget* rightView() const { return rightView_; }
     void resignFirstResponder();
-    // The whole text as it stood after the last edit that was allowed.
+    // The whole text as it stood after the last edit allowed, or as code last set it.
     QString acceptedText() const { return acceptedText_; }
 
     // The edit that turns the current text into `proposed`, as one range and its replacement.
