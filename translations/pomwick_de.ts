@@ -215,26 +215,7 @@ an die gewünschte Stelle.</translation>
     </message>
 </context>
 <context>
-    <name>pomwick::MailDrafts</name>
-    <message>
-        <source>cannot create %1</source>
-        <translation>%1 kann nicht angelegt werden</translation>
-    </message>
-    <message>
-        <source>%1 is not a folder of this user</source>
-        <translation>%1 ist kein Ordner dieses Benutzers</translation>
-    </message>
-    <message>
-        <source>cannot make %1 private</source>
-        <translation>%1 kann nicht privat gemacht werden</translation>
-    </message>
-    <message>
-        <source>cannot write the draft %1: %2</source>
-        <translation>der Entwurf %1 kann nicht geschrieben werden: %2</translation>
-    </message>
-</context>
-<context>
-    <name>pomwick::PomwickPreferencesViewController</name>
+    <name>pomwick::FeedbackMailFlow</name>
     <message>
         <source>Oops!</source>
         <translation>Hoppla!</translation>
@@ -267,6 +248,9 @@ an die gewünschte Stelle.</translation>
         <source>An Error Occurred!</source>
         <translation>Ein Fehler ist aufgetreten!</translation>
     </message>
+</context>
+<context>
+    <name>pomwick::FontPickerSheet</name>
     <message>
         <source>Close font sheet</source>
         <translation>Schriftauswahl schließen</translation>
@@ -274,6 +258,36 @@ an die gewünschte Stelle.</translation>
     <message>
         <source>Done</source>
         <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Schrift</translation>
+    </message>
+</context>
+<context>
+    <name>pomwick::MailDrafts</name>
+    <message>
+        <source>cannot create %1</source>
+        <translation>%1 kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder of this user</source>
+        <translation>%1 ist kein Ordner dieses Benutzers</translation>
+    </message>
+    <message>
+        <source>cannot make %1 private</source>
+        <translation>%1 kann nicht privat gemacht werden</translation>
+    </message>
+    <message>
+        <source>cannot write the draft %1: %2</source>
+        <translation>der Entwurf %1 kann nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>pomwick::PomwickPreferencesViewController</name>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
     </message>
     <message>
         <source>Font</source>
@@ -296,28 +310,12 @@ an die gewünschte Stelle.</translation>
         <translation>Position</translation>
     </message>
     <message>
-        <source>Preview unavailable — the badge renderer is not running. Respring to start it.</source>
-        <translation>Vorschau nicht verfügbar – der Kennzeichen-Renderer läuft nicht. Ein Respring startet ihn.</translation>
-    </message>
-    <message>
         <source>Respringing…</source>
         <translation>Respring läuft …</translation>
     </message>
     <message>
         <source>Restore Defaults</source>
         <translation>Standardwerte wiederherstellen</translation>
-    </message>
-    <message>
-        <source>Background colors</source>
-        <translation>Hintergrundfarben</translation>
-    </message>
-    <message>
-        <source>Border colors</source>
-        <translation>Randfarben</translation>
-    </message>
-    <message>
-        <source>Select Color</source>
-        <translation>Farbe auswählen</translation>
     </message>
     <message>
         <source>Color</source>
@@ -356,20 +354,15 @@ an die gewünschte Stelle.</translation>
         <translation>Kennzeichentext</translation>
     </message>
     <message>
-        <source>Badge Preview</source>
-        <translation>Kennzeichen-Vorschau</translation>
-    </message>
-    <message>
         <source>Respring</source>
         <translation>Respring</translation>
     </message>
+</context>
+<context>
+    <name>pomwick::PreferencesRows</name>
     <message>
-        <source>Badge preview: a sample icon without a badge</source>
-        <translation>Kennzeichen-Vorschau: ein Beispielsymbol ohne Kennzeichen</translation>
-    </message>
-    <message>
-        <source>Badge preview: %1 on a sample icon</source>
-        <translation>Kennzeichen-Vorschau: %1 auf einem Beispielsymbol</translation>
+        <source>Enabled</source>
+        <translation>Aktiviert</translation>
     </message>
     <message>
         <source>Badge</source>
@@ -408,6 +401,14 @@ Pomwick v%1</translation>
     <message>
         <source>Border Width:</source>
         <translation>Randbreite:</translation>
+    </message>
+    <message>
+        <source>Alpha: %1%</source>
+        <translation>Deckkraft: %1 %</translation>
+    </message>
+    <message>
+        <source>Restore Defaults</source>
+        <translation>Standardwerte wiederherstellen</translation>
     </message>
     <message>
         <source>Contact Us</source>
@@ -450,8 +451,35 @@ Pomwick v%1</translation>
         <translation>Text:</translation>
     </message>
     <message>
+        <source>Badge Text</source>
+        <translation>Kennzeichentext</translation>
+    </message>
+    <message>
         <source>Badge text</source>
         <translation>Kennzeichentext</translation>
+    </message>
+    <message>
+        <source>Tip</source>
+        <translation>Tipp</translation>
+    </message>
+</context>
+<context>
+    <name>pomwick::PreviewHeader</name>
+    <message>
+        <source>Badge Preview</source>
+        <translation>Kennzeichen-Vorschau</translation>
+    </message>
+    <message>
+        <source>Badge preview: a sample icon without a badge</source>
+        <translation>Kennzeichen-Vorschau: ein Beispielsymbol ohne Kennzeichen</translation>
+    </message>
+    <message>
+        <source>Badge preview: %1 on a sample icon</source>
+        <translation>Kennzeichen-Vorschau: %1 auf einem Beispielsymbol</translation>
+    </message>
+    <message>
+        <source>Preview unavailable — the badge renderer is not running. Respring to start it.</source>
+        <translation>Vorschau nicht verfügbar – der Kennzeichen-Renderer läuft nicht. Ein Respring startet ihn.</translation>
     </message>
 </context>
 <context>
@@ -459,6 +487,21 @@ Pomwick v%1</translation>
     <message>
         <source>Progress</source>
         <translation>Fortschritt</translation>
+    </message>
+</context>
+<context>
+    <name>pomwick::RowEditors</name>
+    <message>
+        <source>Background colors</source>
+        <translation>Hintergrundfarben</translation>
+    </message>
+    <message>
+        <source>Border colors</source>
+        <translation>Randfarben</translation>
+    </message>
+    <message>
+        <source>Select Color</source>
+        <translation>Farbe auswählen</translation>
     </message>
 </context>
 <context>

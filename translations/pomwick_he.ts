@@ -215,26 +215,7 @@ to your desired location.</source>
     </message>
 </context>
 <context>
-    <name>pomwick::MailDrafts</name>
-    <message>
-        <source>cannot create %1</source>
-        <translation>לא ניתן ליצור את %1</translation>
-    </message>
-    <message>
-        <source>%1 is not a folder of this user</source>
-        <translation>%1 אינה תיקייה של משתמש זה</translation>
-    </message>
-    <message>
-        <source>cannot make %1 private</source>
-        <translation>לא ניתן להפוך את %1 לפרטית</translation>
-    </message>
-    <message>
-        <source>cannot write the draft %1: %2</source>
-        <translation>לא ניתן לכתוב את הטיוטה %1: %2</translation>
-    </message>
-</context>
-<context>
-    <name>pomwick::PomwickPreferencesViewController</name>
+    <name>pomwick::FeedbackMailFlow</name>
     <message>
         <source>Oops!</source>
         <translation>אופס!</translation>
@@ -267,6 +248,9 @@ to your desired location.</source>
         <source>An Error Occurred!</source>
         <translation>אירעה שגיאה!</translation>
     </message>
+</context>
+<context>
+    <name>pomwick::FontPickerSheet</name>
     <message>
         <source>Close font sheet</source>
         <translation>סגירת בחירת הגופן</translation>
@@ -274,6 +258,36 @@ to your desired location.</source>
     <message>
         <source>Done</source>
         <translation>סיום</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>גופן</translation>
+    </message>
+</context>
+<context>
+    <name>pomwick::MailDrafts</name>
+    <message>
+        <source>cannot create %1</source>
+        <translation>לא ניתן ליצור את %1</translation>
+    </message>
+    <message>
+        <source>%1 is not a folder of this user</source>
+        <translation>%1 אינה תיקייה של משתמש זה</translation>
+    </message>
+    <message>
+        <source>cannot make %1 private</source>
+        <translation>לא ניתן להפוך את %1 לפרטית</translation>
+    </message>
+    <message>
+        <source>cannot write the draft %1: %2</source>
+        <translation>לא ניתן לכתוב את הטיוטה %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>pomwick::PomwickPreferencesViewController</name>
+    <message>
+        <source>Ok</source>
+        <translation>אישור</translation>
     </message>
     <message>
         <source>Font</source>
@@ -296,28 +310,12 @@ to your desired location.</source>
         <translation>מיקום</translation>
     </message>
     <message>
-        <source>Preview unavailable — the badge renderer is not running. Respring to start it.</source>
-        <translation>התצוגה המקדימה אינה זמינה — מצייר התגים אינו פועל. בצעו ריספרינג כדי להפעיל אותו.</translation>
-    </message>
-    <message>
         <source>Respringing…</source>
         <translation>מבצע ריספרינג…</translation>
     </message>
     <message>
         <source>Restore Defaults</source>
         <translation>שחזור ברירות המחדל</translation>
-    </message>
-    <message>
-        <source>Background colors</source>
-        <translation>צבעי רקע</translation>
-    </message>
-    <message>
-        <source>Border colors</source>
-        <translation>צבעי מסגרת</translation>
-    </message>
-    <message>
-        <source>Select Color</source>
-        <translation>בחירת צבע</translation>
     </message>
     <message>
         <source>Color</source>
@@ -356,20 +354,15 @@ to your desired location.</source>
         <translation>טקסט התג</translation>
     </message>
     <message>
-        <source>Badge Preview</source>
-        <translation>תצוגה מקדימה של התג</translation>
-    </message>
-    <message>
         <source>Respring</source>
         <translation>ריספרינג</translation>
     </message>
+</context>
+<context>
+    <name>pomwick::PreferencesRows</name>
     <message>
-        <source>Badge preview: a sample icon without a badge</source>
-        <translation>תצוגה מקדימה של התג: סמל לדוגמה ללא תג</translation>
-    </message>
-    <message>
-        <source>Badge preview: %1 on a sample icon</source>
-        <translation>תצוגה מקדימה של התג: %1 על סמל לדוגמה</translation>
+        <source>Enabled</source>
+        <translation>מופעל</translation>
     </message>
     <message>
         <source>Badge</source>
@@ -408,6 +401,14 @@ Pomwick v%1</translation>
     <message>
         <source>Border Width:</source>
         <translation>עובי מסגרת:</translation>
+    </message>
+    <message>
+        <source>Alpha: %1%</source>
+        <translation>אטימות: %1%</translation>
+    </message>
+    <message>
+        <source>Restore Defaults</source>
+        <translation>שחזור ברירות המחדל</translation>
     </message>
     <message>
         <source>Contact Us</source>
@@ -450,8 +451,35 @@ Pomwick v%1</translation>
         <translation>טקסט:</translation>
     </message>
     <message>
+        <source>Badge Text</source>
+        <translation>טקסט התג</translation>
+    </message>
+    <message>
         <source>Badge text</source>
         <translation>טקסט התג</translation>
+    </message>
+    <message>
+        <source>Tip</source>
+        <translation>טיפ</translation>
+    </message>
+</context>
+<context>
+    <name>pomwick::PreviewHeader</name>
+    <message>
+        <source>Badge Preview</source>
+        <translation>תצוגה מקדימה של התג</translation>
+    </message>
+    <message>
+        <source>Badge preview: a sample icon without a badge</source>
+        <translation>תצוגה מקדימה של התג: סמל לדוגמה ללא תג</translation>
+    </message>
+    <message>
+        <source>Badge preview: %1 on a sample icon</source>
+        <translation>תצוגה מקדימה של התג: %1 על סמל לדוגמה</translation>
+    </message>
+    <message>
+        <source>Preview unavailable — the badge renderer is not running. Respring to start it.</source>
+        <translation>התצוגה המקדימה אינה זמינה — מצייר התגים אינו פועל. בצעו ריספרינג כדי להפעיל אותו.</translation>
     </message>
 </context>
 <context>
@@ -459,6 +487,21 @@ Pomwick v%1</translation>
     <message>
         <source>Progress</source>
         <translation>התקדמות</translation>
+    </message>
+</context>
+<context>
+    <name>pomwick::RowEditors</name>
+    <message>
+        <source>Background colors</source>
+        <translation>צבעי רקע</translation>
+    </message>
+    <message>
+        <source>Border colors</source>
+        <translation>צבעי מסגרת</translation>
+    </message>
+    <message>
+        <source>Select Color</source>
+        <translation>בחירת צבע</translation>
     </message>
 </context>
 <context>

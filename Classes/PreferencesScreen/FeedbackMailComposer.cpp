@@ -355,7 +355,7 @@ void FeedbackMailComposer::finishWith(MailComposeResult result, const QString& e
     if (finished_)
         return;
     finished_ = true;
-    if (auto* listener = qobject_cast<MailComposeDelegate*>(delegate_.data()))
+    if (MailComposeDelegate* listener = delegate_)
         listener->didFinishWithResult(this, result, error);
     else
         dismissViewControllerAnimated(true);

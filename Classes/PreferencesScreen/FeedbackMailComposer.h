@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MailComposeResult.h"
 #include "MailMessage.h"
 
 #include <QDialog>
@@ -20,28 +21,14 @@ namespace pomwick {
 class FeedbackMailComposer;
 class SendmailDelivery;
 
-enum MailComposeResult {
-    MailComposeResultCancelled = 0,
-    MailComposeResultSaved = 1,
-    MailComposeResultSent = 2,
-    MailComposeResultFailed = 3,
-};
-
 // Hears how the composer ended; it then dismisses the composer.
-class MailComposeDelegate {
+class MailComposeDelegate : public QObject {
+    Q_OBJECT
 public:
+    using QObject::QObject;
     virtual void didFinishWithResult(FeedbackMailComposer* composer, MailComposeResult result,
                                      const QString& error) = 0;
-
-protected:
-    ~MailComposeDelegate() = default;
 };
-
-} // namespace pomwick
-
-Q_DECLARE_INTERFACE(pomwick::MailComposeDelegate, "com.velquor.pomwick.MailComposeDelegate")
-
-namespace pomwick {
 
 // The in-app mail composer: a page sheet sliding up over the window with To, Subject and a plain
 // text body, Send (only while To holds valid addresses), and Cancel offering to save or delete
@@ -59,8 +46,8 @@ public:
     FeedbackMailComposer();
     ~FeedbackMailComposer() override;
 
-    // Held weakly; called when it declares MailComposeDelegate.
-    void setMailComposeDelegate(QObject* delegate) { delegate_ = delegate; }
+    // Held weakly.
+    void setMailComposeDelegate(MailComposeDelegate* delegate) { delegate_ = delegate; }
     void setSubject(const QString& subject);
     void setMessageBody(const QString& body, bool isHTML);
     void setToRecipients(const QStringList& recipients);
@@ -103,7 +90,7 @@ private:
     void checkRecipients();
     void reportFailedSend(const QString& error);
 
-    QPointer<QObject> delegate_;
+    QPointer<MailComposeDelegate> delegate_;
     int presentationStyle_ = 0;
     std::chrono::milliseconds sendTimeout_{30000};
     QWidget* sheet_ = nullptr;

@@ -2,6 +2,7 @@
 // that offers to take back "Restore Defaults".
 #include "ModalScope.h"
 #include "PomwickPreferencesViewController.h"
+#include "PreferencesRows.h"
 #include "SettingsHistory.h"
 #include "UndoNotice.h"
 
@@ -79,7 +80,7 @@ void PomwickPreferencesViewController::showDefaultsRestored() {
 // The rows and the preview show the file as it is now, for one request to the renderer, not one
 // per section: nothing the user did here asked for it.
 void PomwickPreferencesViewController::showSettingsAgain() {
-    const QScopedValueRollback quiet(rowCountsRequestPreview_, false);
+    const QScopedValueRollback quiet(rows_->rowCountsRequestPreview, false);
     reloadTableData();
 }
 

@@ -1,33 +1,48 @@
-// What selecting a row does: open an editor, restore the defaults or open an outside page.
-#include "Appearance.h"
-#include "ColorPalette.h"
-#include "ColorPickerController.h"
-#include "ColorText.h"
-#include "NavigationController.h"
+// What selecting a row does: open an editor, restore the defaults or open an outside page; and the
+// table's questions, which the rows answer.
+#include "FeedbackMailFlow.h"
+#include "FontPickerSheet.h"
 #include "OutsideLinks.h"
 #include "PomwickPreferencesViewController.h"
+#include "PreferencesRows.h"
+#include "RowEditors.h"
 #include "Settings.h"
-#include "ViewGeometry.h"
+#include "TextField.h"
 
 #include <QDesktopServices>
 
 namespace pomwick {
-namespace {
 
-constexpr int backgroundGridTag = 0;
-constexpr int borderGridTag = 1;
+int PomwickPreferencesViewController::numberOfSectionsInTableView(TableView* table) {
+    return rows_->numberOfSectionsInTableView(table);
+}
 
-} // namespace
+int PomwickPreferencesViewController::numberOfRowsInSection(TableView* table, int section) {
+    return rows_->numberOfRowsInSection(table, section);
+}
+
+QString PomwickPreferencesViewController::titleForHeaderInSection(TableView* table, int section) {
+    return rows_->titleForHeaderInSection(table, section);
+}
+
+QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView* table, int section) {
+    return rows_->viewForFooterInSection(table, section);
+}
+
+TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView* table,
+                                                                       IndexPath indexPath) {
+    return rows_->cellForRowAtIndexPath(table, indexPath);
+}
 
 void PomwickPreferencesViewController::didSelectRowAtIndexPath(TableView* table, IndexPath path) {
     if (path == IndexPath{1, 2})
         showFontPicker();
     else if (path == IndexPath{1, 3})
-        pushColorGrid(backgroundGridTag);
+        editors_->pushColorGrid(RowEditors::backgroundGridTag);
     else if (path == IndexPath{1, 4})
-        pushPositionEditor();
+        editors_->pushPositionEditor();
     else if (path == IndexPath{1, 5})
-        pushColorGrid(borderGridTag);
+        editors_->pushColorGrid(RowEditors::borderGridTag);
     else if (path == IndexPath{2, 0})
         restoreDefaults();
     else if (path == IndexPath{3, 0})
@@ -49,55 +64,29 @@ void PomwickPreferencesViewController::restoreDefaults() {
     mainTableView_->reloadData();
 }
 
-void PomwickPreferencesViewController::pushColorGrid(int gridTag) {
-    if (navigationController() == nullptr)
-        return;
-    if (!masterColorsArray_)
-        masterColorsArray_ = loadColorPalette();
-    auto* grid = new LJColorPickerView;
-    setFrame(grid, frame(view()));
-    grid->setDelegate(this);
-    setTag(grid, gridTag);
-    grid->setColorsPerRow(5);
-    grid->setColorCellPadding(2.0);
-    grid->setHighlightSelection(true);
-    grid->setSelectionBorderColor(Color::white());
-    grid->setColors(*masterColorsArray_);
-    setBackgroundColor(grid, Appearance::cellBackground);
-    grid->setAccessibleName(gridTag == backgroundGridTag ? tr("Background colors")
-                                                         : tr("Border colors"));
-
-    auto* controller = new ColorPickerController;
-    controller->setView(grid);
-    controller->setTitle(tr("Select Color"));
-    navigationController()->pushViewController(controller, true);
-}
-
 void PomwickPreferencesViewController::didSelectColor(LJColorPickerView* picker,
                                                       const Color& color) {
-    switch (tag(picker)) {
-    case backgroundGridTag:
-        setPreferencesObjectKey(storedColorText(color), SettingsKey::badgeBackgroundColor);
-        break;
-    case borderGridTag:
-        setPreferencesObjectKey(storedColorText(color), SettingsKey::badgeBorderColor);
-        break;
-    default:
-        return;
-    }
-    endGesture(tr("Color"));
+    editors_->didSelectColor(picker, color);
 }
 
-void PomwickPreferencesViewController::pushPositionEditor() {
-    if (navigationController() == nullptr)
-        return;
-    auto* editor = new BadgePositionViewController;
-    editor->setSender(this);
-    navigationController()->pushViewController(editor, true);
+void PomwickPreferencesViewController::showFontPicker() {
+    if (TextField* field = rows_->badgeTextTextField())
+        field->resignFirstResponder();
+    fontSheet_->show(view(), mainTableView_);
 }
 
-QRectF PomwickPreferencesViewController::viewBounds() {
-    return bounds(view());
+void PomwickPreferencesViewController::hideFontPicker() {
+    fontSheet_->hide();
+}
+
+void PomwickPreferencesViewController::contactByMail() {
+    mail_->contactByMail();
+}
+
+void PomwickPreferencesViewController::didFinishWithResult(FeedbackMailComposer* composer,
+                                                           MailComposeResult result,
+                                                           const QString& error) {
+    mail_->didFinishWithResult(composer, result, error);
 }
 
 } // namespace pomwick

@@ -1,16 +1,19 @@
 // The handlers of the row controls: each writes one setting, then rebuilds the table or asks the
 // renderer for a fresh preview.
 #include "AlertView.h"
-#include "MessageNames.h"
-#include "MessagingCenter.h"
 #include "PomwickPreferencesViewController.h"
+#include "PreferencesRows.h"
+#include "PreviewHeader.h"
 #include "RowGeometry.h"
 #include "SegmentedControl.h"
 #include "Settings.h"
 #include "Slider.h"
 #include "Switch.h"
+#include "TextField.h"
 #include "TextScanning.h"
 #include "ViewGeometry.h"
+
+#include <QLabel>
 
 namespace pomwick {
 namespace {
@@ -40,11 +43,6 @@ QString trimmedOfSpacesAndTabs(const QString& text) {
 
 } // namespace
 
-void PomwickPreferencesViewController::requestPreview() {
-    MessagingCenter::centerNamed(CenterName::renderer)
-        .sendMessageName(MessageName::saveBadgeImages);
-}
-
 void PomwickPreferencesViewController::switchValueChanged(Switch* sender) {
     setPreferencesObjectKey(sender->isOn() ? "1" : "0", SettingsKey::enabled);
     endGesture(tr("Enabled"));
@@ -66,9 +64,9 @@ void PomwickPreferencesViewController::sliderValueChanged(Slider* sender) {
         break;
     case 1:
         setPreferencesObjectKey(formatFloat(sender->value()), SettingsKey::badgeAlpha);
-        if (alphaCell_) {
+        if (TableViewCell* alphaRow = rows_->alphaCell()) {
             const QString label = tr("Alpha: %1%").arg(RowGeometry::wholePercent(getBadgeAlpha()));
-            alphaCell_->textLabel()->setText(label);
+            alphaRow->textLabel()->setText(label);
             sender->setAccessibleName(label);
         }
         break;
@@ -97,7 +95,7 @@ void PomwickPreferencesViewController::infoButtonClicked() {
 
 void PomwickPreferencesViewController::reloadTableData() {
     mainTableView_->reloadData();
-    describePreview(rowSettings());
+    header_->describe(rows_->rowSettings());
     requestPreview();
 }
 
@@ -110,7 +108,7 @@ bool PomwickPreferencesViewController::shouldChangeCharactersInRange(TextField* 
                                                                      const QString& replacement) {
     // The text as it stood before this edit: the range is relative to it.
     storeBadgeText(field->acceptedText().replace(range.location, range.length, replacement));
-    describePreview(SettingsSnapshot());
+    header_->describe(SettingsSnapshot());
     return true;
 }
 

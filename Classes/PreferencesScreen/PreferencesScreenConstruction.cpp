@@ -1,10 +1,17 @@
-// Building the settings page: background, title, the preview header, the table, "Respring".
+// Building the settings page: background, title, the preview header, the table, "Respring", and
+// the parts the page coordinates.
 #include "Appearance.h"
+#include "DQFontPicker.h"
+#include "FeedbackMailFlow.h"
+#include "FontPickerSheet.h"
 #include "PomwickPreferencesViewController.h"
-#include "PreviewComposition.h"
+#include "PreferencesRows.h"
 #include "PreviewFiles.h"
-#include "Settings.h"
+#include "PreviewHeader.h"
+#include "RowEditors.h"
 #include "ViewGeometry.h"
+
+#include <QLabel>
 
 namespace pomwick {
 
@@ -21,33 +28,26 @@ void PomwickPreferencesViewController::viewDidLoad() {
     if (const auto reported = readReportedIconSize())
         iconSize_ = *reported;
 
-    tableHeaderView_ = new QWidget;
-    setFrame(tableHeaderView_, QRectF(0, 0, viewFrame.width(), iconSize_ * 3 + 30));
-
+    header_ = new PreviewHeader(viewFrame.width(), iconSize_, this);
+    connect(header_, &PreviewHeader::badgeShown, this, &ViewController::contentReady);
     mainTableView_ = new TableView(root);
     // The whole view: it lies below the navigation bar already, and a desktop window has no
     // status bar, so no inset is taken off.
     setFrame(mainTableView_, QRectF(0, 0, viewFrame.width(), viewFrame.height()));
-    mainTableView_->setTableHeaderView(tableHeaderView_);
-    mainTableView_->setDataSource(this);
+    mainTableView_->setTableHeaderView(header_->view());
+    rows_ = new PreferencesRows(this, mainTableView_);
+    mainTableView_->setDataSource(rows_);
     mainTableView_->setSeparatorInset(0);
 
-    infoLabel_ = new QLabel(tr("Badge Preview"), tableHeaderView_);
-    setFrame(infoLabel_, QRectF(0, 0, viewFrame.width(), 30));
-    infoLabel_->setFont(Appearance::systemFont(18));
-    infoLabel_->setAlignment(Qt::AlignCenter);
-    setBackgroundColor(infoLabel_, Appearance::cellBackground);
-
-    iconImageView_ = new QLabel(tableHeaderView_);
-    iconImageView_->setScaledContents(true);
-    const QRectF header = frame(tableHeaderView_);
-    setFrame(iconImageView_,
-             QRectF(header.center().x() - iconSize_ / 2,
-                    header.center().y() + frame(infoLabel_).height() * 0.5 - iconSize_ / 2,
-                    iconSize_, iconSize_));
-    if (const QImage icon = loadBundleImage(PreviewFile::sampleIcon); !icon.isNull())
-        iconImageView_->setPixmap(QPixmap::fromImage(icon));
-    describePreview(SettingsSnapshot());
+    fontSheet_ = new FontPickerSheet(this);
+    // Every wheel turn since the sheet opened is one step.
+    connect(fontSheet_, &FontPickerSheet::closing, this, [this] {
+        endGesture(tr("Font"));
+        reloadTableData();
+    });
+    editors_ = new RowEditors(this);
+    connect(editors_, &RowEditors::colorChosen, this, [this] { endGesture(tr("Color")); });
+    mail_ = new FeedbackMailFlow(root, this);
 
     Appearance::setSegmentedControlTint(Appearance::controlTint());
     setRightBarButtonItem({tr("Respring"), [this] {
@@ -61,14 +61,44 @@ void PomwickPreferencesViewController::viewDidLoad() {
     mainTableView_->reloadData();
 }
 
-// What a screen reader says of the header's picture.
-void PomwickPreferencesViewController::describePreview(const SettingsSnapshot& settings) {
-    const QString badge = !settings.enabled()       ? QString("1")
-                          : settings.badgeVisible() ? previewBadgeText(settings)
-                                                    : QString();
-    iconImageView_->setAccessibleName(badge.isEmpty()
-                                          ? tr("Badge preview: a sample icon without a badge")
-                                          : tr("Badge preview: %1 on a sample icon").arg(badge));
+QWidget* PomwickPreferencesViewController::tableHeaderView() const {
+    return header_ ? header_->view() : nullptr;
+}
+
+QLabel* PomwickPreferencesViewController::iconImageView() const {
+    return header_ ? header_->iconImageView() : nullptr;
+}
+
+QLabel* PomwickPreferencesViewController::infoLabel() const {
+    return header_ ? header_->infoLabel() : nullptr;
+}
+
+QLabel* PomwickPreferencesViewController::previewUnavailableLabel() const {
+    return header_ ? header_->unavailableLabel() : nullptr;
+}
+
+TextField* PomwickPreferencesViewController::badgeTextTextField() const {
+    return rows_ ? rows_->badgeTextTextField() : nullptr;
+}
+
+TableViewCell* PomwickPreferencesViewController::alphaCell() const {
+    return rows_ ? rows_->alphaCell() : nullptr;
+}
+
+DQFontPicker* PomwickPreferencesViewController::fontPicker() const {
+    return fontSheet_ ? fontSheet_->fontPicker() : nullptr;
+}
+
+QWidget* PomwickPreferencesViewController::doneToolbar() const {
+    return fontSheet_ ? fontSheet_->doneToolbar() : nullptr;
+}
+
+QWidget* PomwickPreferencesViewController::fontContainerView() const {
+    return fontSheet_ ? fontSheet_->fontContainerView() : nullptr;
+}
+
+QWidget* PomwickPreferencesViewController::dimmingView() const {
+    return fontSheet_ ? fontSheet_->dimmingView() : nullptr;
 }
 
 } // namespace pomwick

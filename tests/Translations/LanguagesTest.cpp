@@ -1,3 +1,4 @@
+#include "FeedbackMailComposer.h"
 #include "ScreenFixture.h"
 #include "Translations.h"
 

@@ -101,6 +101,9 @@ public:
     explicit SliderAccessible(Slider* slider) : QAccessibleWidget(slider, QAccessible::Slider) {}
 
     Slider* slider() const { return static_cast<Slider*>(widget()); }
+    // The position it keeps inside is no control of its own.
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
     void* interface_cast(QAccessible::InterfaceType type) override {
         return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
                                                    : QAccessibleWidget::interface_cast(type);
@@ -117,8 +120,8 @@ public:
         if (range <= 0 || !slider()->isEnabled())
             return;
         const double fraction = (value.toDouble() - slider()->minimumValue()) / range;
-        // Through Qt's position, as a key step goes: a change and a release.
-        slider()->QAbstractSlider::setValue(int(std::lround(fraction * Slider::steps)));
+        // As a key step goes: a change and a release.
+        slider()->stepTo(int(std::lround(fraction * Slider::steps)));
     }
     QVariant maximumValue() const override { return double(slider()->maximumValue()); }
     QVariant minimumValue() const override { return double(slider()->minimumValue()); }

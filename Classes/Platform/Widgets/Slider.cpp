@@ -2,6 +2,8 @@
 
 #include "Appearance.h"
 
+#include <QAbstractSlider>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -10,21 +12,24 @@
 namespace pomwick {
 namespace {
 constexpr qreal thumbDiameter = 28;
-// How far outside its bounds a release still counts as inside, as on the device.
-constexpr qreal releaseSlop = 70;
 } // namespace
 
-Slider::Slider(QWidget* parent) : QAbstractSlider(parent) {
-    setOrientation(Qt::Horizontal);
-    setRange(0, steps);
-    setSingleStep(1);
-    setPageStep(steps / 10);
+Slider::Slider(QWidget* parent) : QWidget(parent), positions_(new QAbstractSlider(this)) {
+    // Never shown: it only holds the position the keys and assistive tools step.
+    positions_->setVisible(false);
+    positions_->setOrientation(Qt::Horizontal);
+    positions_->setRange(0, steps);
+    positions_->setSingleStep(1);
+    positions_->setPageStep(steps / 10);
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
     resize(200, int(height));
-    connect(this, &QAbstractSlider::valueChanged, this, &Slider::stepped);
-    connect(this, &QAbstractSlider::sliderReleased, this,
-            [this] { emit releasedInside_ ? touchUpInside() : touchUpOutside(); });
+    connect(positions_, &QAbstractSlider::valueChanged, this, &Slider::stepped);
+    connect(positions_, &QAbstractSlider::sliderReleased, this, &Slider::sliderReleased);
+}
+
+bool Slider::isSliderDown() const {
+    return positions_->isSliderDown();
 }
 
 float Slider::clamped(float value) const {
@@ -40,13 +45,12 @@ void Slider::assign(float value) {
     value_ = next;
     const float range = maximum_ - minimum_;
     assigning_ = true;
-    QAbstractSlider::setValue(range > 0 ? int(std::lround((value_ - minimum_) / range * steps))
-                                        : 0);
+    positions_->setValue(range > 0 ? int(std::lround((value_ - minimum_) / range * steps)) : 0);
     assigning_ = false;
     if (!changed)
         return;
     update();
-    emit floatValueChanged(value_);
+    emit valueChanged(value_);
 }
 
 void Slider::stepped(int position) {
@@ -56,8 +60,11 @@ void Slider::stepped(int position) {
     if (next == value_)
         return;
     assign(next);
-    emit valueChanged();
-    emit touchUpInside();
+    emit sliderReleased();
+}
+
+void Slider::stepTo(int position) {
+    positions_->setValue(position);
 }
 
 void Slider::setMinimumValue(float minimum) {
@@ -93,10 +100,7 @@ float Slider::valueAt(qreal x) const {
 
 void Slider::track(qreal x) {
     const float next = valueAt(x);
-    if (next == value_)
-        return;
     assign(next);
-    emit valueChanged();
 }
 
 void Slider::paintEvent(QPaintEvent*) {
@@ -128,7 +132,7 @@ void Slider::paintEvent(QPaintEvent*) {
 void Slider::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
-    setSliderDown(true);
+    positions_->setSliderDown(true);
     track(event->position().x());
 }
 
@@ -140,10 +144,45 @@ void Slider::mouseMoveEvent(QMouseEvent* event) {
 void Slider::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !isSliderDown())
         return;
-    const QRectF inside =
-        QRectF(rect()).adjusted(-releaseSlop, -releaseSlop, releaseSlop, releaseSlop);
-    releasedInside_ = inside.contains(event->position());
-    setSliderDown(false);
+    positions_->setSliderDown(false);
+}
+
+// Qt's slider keys, on the position a step moves.
+void Slider::keyPressEvent(QKeyEvent* event) {
+    using Action = QAbstractSlider::SliderAction;
+    const bool mirrored = isRightToLeft();
+    Action action = QAbstractSlider::SliderNoAction;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        action = mirrored ? Action::SliderSingleStepAdd : Action::SliderSingleStepSub;
+        break;
+    case Qt::Key_Right:
+        action = mirrored ? Action::SliderSingleStepSub : Action::SliderSingleStepAdd;
+        break;
+    case Qt::Key_Up:
+        action = Action::SliderSingleStepAdd;
+        break;
+    case Qt::Key_Down:
+        action = Action::SliderSingleStepSub;
+        break;
+    case Qt::Key_PageUp:
+        action = Action::SliderPageStepAdd;
+        break;
+    case Qt::Key_PageDown:
+        action = Action::SliderPageStepSub;
+        break;
+    case Qt::Key_Home:
+        action = Action::SliderToMinimum;
+        break;
+    case Qt::Key_End:
+        action = Action::SliderToMaximum;
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    positions_->triggerAction(action);
+    event->accept();
 }
 
 void Slider::wheelEvent(QWheelEvent* event) {

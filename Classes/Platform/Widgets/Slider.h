@@ -2,18 +2,20 @@
 
 #include "PomwickPlatformExport.h"
 
-#include <QAbstractSlider>
+#include <QWidget>
+
+class QAbstractSlider;
 
 namespace pomwick {
 
-// A horizontal slider of float values on Qt's own slider, so that Tab, the arrow keys and screen
-// readers work. Dragging reports every change (valueChanged); letting go reports whether the
-// finger was still on the control (touchUpInside) or had left it (touchUpOutside). A step by
-// key or by an assistive action is a change and a release at once. Setting the value from code
-// clamps it and reports nothing but floatValueChanged.
-class POMWICK_PLATFORM_EXPORT Slider : public QAbstractSlider {
+// A horizontal slider of float values. It owns Qt's slider logic (a QAbstractSlider that the keys
+// and assistive tools step) instead of being one, so that its float value, setter and change
+// signal hide none of Qt's int ones. Every change is reported (valueChanged), whoever makes it;
+// letting go of a drag is sliderReleased. A step by key or by an assistive action is a change
+// and a release at once. Setters clamp and report only a real change.
+class POMWICK_PLATFORM_EXPORT Slider : public QWidget {
     Q_OBJECT
-    Q_PROPERTY(float floatValue READ value WRITE setValue NOTIFY floatValueChanged USER true)
+    Q_PROPERTY(float value READ value WRITE setValue NOTIFY valueChanged USER true)
 public:
     static constexpr qreal height = 31;
     // The keyboard's and the assistive tools' step: a hundredth of the range.
@@ -27,18 +29,20 @@ public:
     void setMinimumValue(float minimum);
     void setMaximumValue(float maximum);
     void setValue(float value, bool animated = false);
+    bool isSliderDown() const;
+    // Moves to one of the `steps` positions as a key step does: a change and a release.
+    void stepTo(int position);
 
 signals:
-    void floatValueChanged(float value);
-    void valueChanged();
-    void touchUpInside();
-    void touchUpOutside();
+    void valueChanged(float value);
+    void sliderReleased();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     // The wheel scrolls the page, as a touch slider does not react to it.
     void wheelEvent(QWheelEvent* event) override;
 
@@ -50,11 +54,11 @@ private:
     void track(qreal x);
     void stepped(int position);
 
+    QAbstractSlider* positions_;
     float minimum_ = 0;
     float maximum_ = 1;
     float value_ = 0;
     bool assigning_ = false;
-    bool releasedInside_ = true;
 };
 
 } // namespace pomwick

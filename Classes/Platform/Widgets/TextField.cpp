@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <limits>
 #include <utility>
 
@@ -19,7 +20,9 @@ TextField::TextField(QWidget* parent) : QLineEdit(parent) {
     setPalette(clear);
     // The stored text has no limit, so the field has none (a line edit's default is 32,767).
     setMaxLength(std::numeric_limits<int>::max());
+    // An edit is reported first (textEdited), then as a change of the text (textChanged).
     connect(this, &QLineEdit::textEdited, this, &TextField::askAboutEdit);
+    connect(this, &QLineEdit::textChanged, this, &TextField::followText);
     connect(this, &QLineEdit::returnPressed, this, [this] {
         if (delegate_)
             delegate_->textFieldShouldReturn(this);
@@ -44,6 +47,7 @@ std::pair<TextRange, QString> TextField::editBetween(const QString& current,
 // not yet painted: a refused one is taken back before anyone sees it. The part shown starts the
 // whole text, so a range in it is the same range in the whole.
 void TextField::askAboutEdit(const QString& proposed) {
+    answered_ = true;
     const QString shown = displayedPart(acceptedText_);
     if (proposed == shown)
         return;
@@ -56,17 +60,28 @@ void TextField::askAboutEdit(const QString& proposed) {
     if (nowShown == proposed)
         return;
     const int cursor = allowed ? cursorPosition() : range.location + range.length;
-    QLineEdit::setText(nowShown);
+    showPart(nowShown);
     setCursorPosition(cursor);
 }
 
-void TextField::setText(const QString& text) {
-    acceptedText_ = text;
-    QLineEdit::setText(displayedPart(text));
+// Any other change came from code (setText, clear, through whatever pointer): taken as it is.
+void TextField::followText() {
+    if (showing_ || std::exchange(answered_, false))
+        return;
+    acceptedText_ = text();
+    if (const QString part = displayedPart(acceptedText_); part != acceptedText_)
+        showPart(part);
+}
+
+void TextField::showPart(const QString& text) {
+    const QScopedValueRollback guard(showing_, true);
+    setText(text);
 }
 
 QString TextField::displayedPart(const QString& text) {
-    return text.left(qsizetype(displayedLength(QStringView(text).utf16())));
+    // With its size: a null text has no characters to point at.
+    const std::u16string_view units(QStringView(text).utf16(), std::size_t(text.size()));
+    return text.left(qsizetype(displayedLength(units)));
 }
 
 void TextField::resignFirstResponder() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "PomwickPlatformExport.h"
-#include "WeakInterface.h"
 
 #include <QLineEdit>
 #include <QPointer>
@@ -18,10 +17,12 @@ struct POMWICK_PLATFORM_EXPORT TextRange {
     friend bool operator==(const TextRange&, const TextRange&) = default;
 };
 
-// What a text field asks and tells the object that edits through it. The field does not own it.
-class POMWICK_PLATFORM_EXPORT TextFieldDelegate {
+// What a text field asks and tells the object that edits through it. The field does not own it
+// and holds it weakly.
+class POMWICK_PLATFORM_EXPORT TextFieldDelegate : public QObject {
+    Q_OBJECT
 public:
-    virtual ~TextFieldDelegate() = default;
+    using QObject::QObject;
     // When the field takes the focus to edit, not when it gets it back from another window.
     virtual void textFieldDidBeginEditing(TextField*) {}
     // Asked before every edit (typing, deleting, pasting, input methods); false refuses it.
@@ -34,6 +35,7 @@ public:
 
 // A one-line text field with a clear background, a placeholder and an optional view on its
 // right, that asks its delegate about each edit before it is shown. The delegate is held weakly.
+// Text set from code, by whatever means, is no edit: the delegate is not asked about it.
 // A text beyond displayedTextLimit shows only its start; edits there apply to the whole text.
 // Escape stays in the field: it drops the selection and does not reach the page around it.
 class POMWICK_PLATFORM_EXPORT TextField : public QLineEdit {
@@ -42,16 +44,14 @@ public:
     explicit TextField(QWidget* parent = nullptr);
 
     void setDelegate(TextFieldDelegate* delegate) { delegate_ = delegate; }
-    // Text set from code is not an edit: the delegate is not asked about it.
-    void setText(const QString& text);
+    TextFieldDelegate* delegate() const { return delegate_; }
     // The part of a text the field shows.
     static QString displayedPart(const QString& text);
-    TextFieldDelegate* delegate() const { return delegate_.get(); }
     // Shown at the right at all times.
     void setRightView(QWidget* view);
     QWidget* rightView() const { return rightView_; }
     void resignFirstResponder();
-    // The whole text as it stood after the last edit that was allowed.
+    // The whole text as it stood after the last edit allowed, or as code last set it.
     QString acceptedText() const { return acceptedText_; }
 
     // The edit that turns the current text into `proposed`, as one range and its replacement.
@@ -67,10 +67,15 @@ protected:
 private:
     void placeRightView();
     void askAboutEdit(const QString& proposed);
+    void followText();
+    void showPart(const QString& text);
 
-    WeakInterface<TextFieldDelegate> delegate_;
+    QPointer<TextFieldDelegate> delegate_;
     QPointer<QWidget> rightView_;
     bool editing_ = false;
+    // The change the next textChanged reports was an edit, answered already.
+    bool answered_ = false;
+    bool showing_ = false;
     QString acceptedText_;
 };
 

@@ -73,6 +73,8 @@ TEST(TextFieldTest, AsksBeforeEveryEditHonoursARefusalAndBeginsEditingOnceUntilT
     field->setText("");
     field->insert(QString(40000, 'x'));
     EXPECT_EQ(field->acceptedText(), QString(40000, 'x'));
+    static_cast<QLineEdit*>(field)->clear();
+    EXPECT_EQ(field->acceptedText(), "");
     const QString marks = "a" + QString(100000, QChar(0x0301));
     field->setText(marks);
     EXPECT_EQ(field->text(), marks.left(field->text().size()));

@@ -1,16 +1,21 @@
 // The "Contact Us" row: the feedback mail composer, and the notice that tells how it ended.
+#include "FeedbackMailFlow.h"
+
 #include "AlertView.h"
 #include "DevicePaths.h"
 #include "FeedbackAddress.h"
-#include "FeedbackMailComposer.h"
 #include "ImageFile.h"
-#include "PomwickPreferencesViewController.h"
 #include "ViewGeometry.h"
 #include "ZRProgressHUD.h"
 
+#include <QLabel>
+
 namespace pomwick {
 
-void PomwickPreferencesViewController::contactByMail() {
+FeedbackMailFlow::FeedbackMailFlow(QWidget* page, QObject* parent)
+    : MailComposeDelegate(parent), page_(page) {}
+
+void FeedbackMailFlow::contactByMail() {
     if (!FeedbackMailComposer::canSendMail()) {
         AlertView(tr("Oops!"), tr("Your device cannot send emails!"), tr("Ok")).show();
         return;
@@ -21,13 +26,12 @@ void PomwickPreferencesViewController::contactByMail() {
     composer->setMessageBody(tr("Sent from Pomwick Tweak"), false);
     composer->setToRecipients({feedbackAddress});
     composer->setModalPresentationStyle(FeedbackMailComposer::pageSheet);
-    composer->presentOver(view(), true);
+    composer->presentOver(page_, true);
 }
 
-void PomwickPreferencesViewController::didFinishWithResult(FeedbackMailComposer* composer,
-                                                           MailComposeResult result,
-                                                           const QString&) {
-    ZRProgressHUD* hud = ZRProgressHUD::showHUDAddedTo(view(), true);
+void FeedbackMailFlow::didFinishWithResult(FeedbackMailComposer* composer, MailComposeResult result,
+                                           const QString&) {
+    ZRProgressHUD* hud = ZRProgressHUD::showHUDAddedTo(page_, true);
     QString label;
     const char* imageFile = nullptr;
     switch (result) {

@@ -1,16 +1,20 @@
-// The settings table: four sections, fourteen rows, each built afresh from the settings.
+// The settings table's rows, each built afresh from the settings.
+#include "PreferencesRows.h"
+
 #include "Appearance.h"
 #include "ColorSwatch.h"
 #include "ImageButton.h"
 #include "PomwickPreferencesViewController.h"
 #include "PomwickVersion.h"
 #include "PreviewFiles.h"
+#include "PreviewHeader.h"
 #include "QtConversions.h"
 #include "RowGeometry.h"
 #include "SegmentedControl.h"
 #include "Slider.h"
 #include "Switch.h"
 #include "TextDrawing.h"
+#include "TextField.h"
 #include "ViewGeometry.h"
 
 #include <map>
@@ -48,29 +52,53 @@ QSizeF cellSize(const TableViewCell* cell) {
 
 constexpr int sectionCount = 4;
 
+// The badge text field's questions and news go to the page's handlers.
+class BadgeTextDelegate final : public TextFieldDelegate {
+public:
+    BadgeTextDelegate(PomwickPreferencesViewController* page, QObject* parent)
+        : TextFieldDelegate(parent), page_(page) {}
+    void textFieldDidBeginEditing(TextField* field) override {
+        page_->textFieldDidBeginEditing(field);
+    }
+    bool shouldChangeCharactersInRange(TextField* field, TextRange range,
+                                       const QString& replacement) override {
+        return page_->shouldChangeCharactersInRange(field, range, replacement);
+    }
+    bool textFieldShouldReturn(TextField* field) override {
+        return page_->textFieldShouldReturn(field);
+    }
+
+private:
+    PomwickPreferencesViewController* page_;
+};
+
 } // namespace
 
+PreferencesRows::PreferencesRows(PomwickPreferencesViewController* page, TableView* table)
+    : QObject(table), page_(page), table_(table), textDelegate_(new BadgeTextDelegate(page, this)) {
+}
+
 // A rebuild starts here: its rows show the settings as they are now, read once for all of them.
-int PomwickPreferencesViewController::numberOfSectionsInTableView(TableView*) {
+int PreferencesRows::numberOfSectionsInTableView(TableView*) {
     rowSettings_.emplace();
     return sectionCount;
 }
 
-const SettingsSnapshot& PomwickPreferencesViewController::rowSettings() {
+const SettingsSnapshot& PreferencesRows::rowSettings() {
     if (!rowSettings_)
         rowSettings_.emplace();
     return *rowSettings_;
 }
 
-int PomwickPreferencesViewController::numberOfRowsInSection(TableView*, int section) {
+int PreferencesRows::numberOfRowsInSection(TableView*, int section) {
     // Every time the table lays itself out, the renderer is asked for a fresh preview.
-    if (rowCountsRequestPreview_)
+    if (rowCountsRequestPreview)
         requestPreview();
     static constexpr int rows[] = {1, 8, 1, 4};
     return section >= 0 && section < 4 ? rows[section] : 0;
 }
 
-QString PomwickPreferencesViewController::titleForHeaderInSection(TableView*, int section) {
+QString PreferencesRows::titleForHeaderInSection(TableView*, int section) {
     switch (section) {
     case 0:
         return tr("Enabled");
@@ -85,10 +113,10 @@ QString PomwickPreferencesViewController::titleForHeaderInSection(TableView*, in
     }
 }
 
-QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView*, int section) {
+QWidget* PreferencesRows::viewForFooterInSection(TableView*, int section) {
     if (section != sectionCount - 1)
         return nullptr;
-    const QRectF labelFrame(0, 0, frame(view()).width(), 40);
+    const QRectF labelFrame(0, 0, frame(page_->view()).width(), 40);
     auto* footer = new QWidget;
     setFrame(footer, labelFrame);
     auto* label = new QLabel(tr("Crafted with care by the Pomwick developers, 2026\nPomwick v%1")
@@ -101,18 +129,17 @@ QWidget* PomwickPreferencesViewController::viewForFooterInSection(TableView*, in
     return footer;
 }
 
-TableViewCell* PomwickPreferencesViewController::makeCell(const QString& reuseIdentifier,
-                                                          const QString& text,
-                                                          const char* iconFile) const {
-    auto* cell = new TableViewCell(reuseIdentifier,
-                                   QSizeF(mainTableView_->rowWidth(), TableViewCell::rowHeight),
-                                   mainTableView_->contentView());
+TableViewCell* PreferencesRows::makeCell(const QString& reuseIdentifier, const QString& text,
+                                         const char* iconFile) const {
+    auto* cell =
+        new TableViewCell(reuseIdentifier, QSizeF(table_->rowWidth(), TableViewCell::rowHeight),
+                          table_->contentView());
     cell->textLabel()->setText(text);
     cell->setImage(bundleIcon(iconFile));
     return cell;
 }
 
-TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView*, IndexPath path) {
+TableViewCell* PreferencesRows::cellForRowAtIndexPath(TableView*, IndexPath path) {
     const SettingsSnapshot& settings = rowSettings();
     const bool available = settings.enabled() && settings.badgeVisible();
     if (path.section == 0 && path.row == 0)
@@ -184,7 +211,7 @@ TableViewCell* PomwickPreferencesViewController::cellForRowAtIndexPath(TableView
     return nullptr;
 }
 
-TableViewCell* PomwickPreferencesViewController::enabledCell() {
+TableViewCell* PreferencesRows::enabledCell() {
     TableViewCell* cell = makeCell("Cell1", tr("Enabled:"), "Enabled.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* toggle = new Switch(cell);
@@ -192,11 +219,12 @@ TableViewCell* PomwickPreferencesViewController::enabledCell() {
     toggle->setOn(rowSettings().enabled(), false);
     toggle->setAccessibleName(tr("Enabled"));
     setFrame(toggle, RowGeometry::switchFrame(cellSize(cell), QSizeF(Switch::size)));
-    connect(toggle, &Switch::valueChanged, this, [this, toggle] { switchValueChanged(toggle); });
+    connect(toggle, &Switch::valueChanged, page_,
+            [this, toggle] { page_->switchValueChanged(toggle); });
     return cell;
 }
 
-TableViewCell* PomwickPreferencesViewController::visibilityCell() {
+TableViewCell* PreferencesRows::visibilityCell() {
     const bool enabled = rowSettings().enabled();
     TableViewCell* cell = makeCell("Cell2", tr("Visibility:"), "Eye.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
@@ -206,25 +234,26 @@ TableViewCell* PomwickPreferencesViewController::visibilityCell() {
     Appearance::follow(control, [control] { control->setTintColor(Appearance::controlTint()); });
     control->setAccessibleName(tr("Visibility"));
     setFrame(control, RowGeometry::segmentedControlFrame(cellSize(cell)));
-    connect(control, &SegmentedControl::valueChanged, this,
-            [this, control] { controlValueChanged(control); });
+    connect(control, &SegmentedControl::valueChanged, page_,
+            [this, control] { page_->controlValueChanged(control); });
     cell->setDimmed(!enabled);
     cell->setUserInteractionEnabled(enabled);
     return cell;
 }
 
-TableViewCell* PomwickPreferencesViewController::textCell(bool available) {
+TableViewCell* PreferencesRows::textCell(bool available) {
     TableViewCell* cell = makeCell("Cell3", tr("Text:"), "Article.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* field = new TextField(cell);
     field->setText(QString::fromStdString(rowSettings().badgeTextFieldText()));
     field->setPlaceholderText(tr("Badge Text"));
-    field->setDelegate(this);
+    field->setDelegate(textDelegate_);
     field->setAccessibleName(tr("Badge text"));
     field->setEnabled(available);
     auto* info = new ImageButton(bundleIcon("Info.png"), QSize(20, 20), field);
     info->setAccessibleName(tr("Tip"));
-    connect(info, &ImageButton::clicked, this, [this] { infoButtonClicked(); });
+    connect(info, &ImageButton::clicked, page_,
+            &PomwickPreferencesViewController::infoButtonClicked);
     field->setRightView(info);
     const qreal textWidth = sizeWithAttributes(tr("Text:"), cell->textLabel()->font()).width();
     setFrame(field, RowGeometry::textFieldFrame(cellSize(cell), textWidth,
@@ -234,10 +263,9 @@ TableViewCell* PomwickPreferencesViewController::textCell(bool available) {
     return cell;
 }
 
-TableViewCell* PomwickPreferencesViewController::colorCell(const QString& reuseIdentifier,
-                                                           const QString& text,
-                                                           const char* iconFile, bool available,
-                                                           const QColor& color) {
+TableViewCell* PreferencesRows::colorCell(const QString& reuseIdentifier, const QString& text,
+                                          const char* iconFile, bool available,
+                                          const QColor& color) {
     TableViewCell* cell = makeCell(reuseIdentifier, text, iconFile);
     auto* swatch = new ColorSwatch(color, cell);
     setFrame(swatch, RowGeometry::colorSwatchFrame(cellSize(cell)));
@@ -245,9 +273,10 @@ TableViewCell* PomwickPreferencesViewController::colorCell(const QString& reuseI
     return cell;
 }
 
-TableViewCell* PomwickPreferencesViewController::sliderCell(
-    const QString& reuseIdentifier, const QString& text, const char* iconFile, bool available,
-    int sliderTag, float minimum, float maximum, float value, const QString& measuredText) {
+TableViewCell* PreferencesRows::sliderCell(const QString& reuseIdentifier, const QString& text,
+                                           const char* iconFile, bool available, int sliderTag,
+                                           float minimum, float maximum, float value,
+                                           const QString& measuredText) {
     TableViewCell* cell = makeCell(reuseIdentifier, text, iconFile);
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* slider = new Slider(cell);
@@ -261,13 +290,17 @@ TableViewCell* PomwickPreferencesViewController::sliderCell(
     const qreal iconWidth = cell->imageView()->isHidden() ? 0 : cell->imageView()->width();
     setFrame(slider,
              RowGeometry::sliderFrame(cellSize(cell), textWidth, iconWidth, Slider::height));
-    connect(slider, &Slider::valueChanged, this, [this, slider] { sliderValueChanged(slider); });
+    connect(slider, &Slider::valueChanged, page_,
+            [this, slider] { page_->sliderValueChanged(slider); });
     const auto released = sliderTag == 0 ? &PomwickPreferencesViewController::badgeSliderReleased
                                          : &PomwickPreferencesViewController::alphaSliderReleased;
-    connect(slider, &Slider::touchUpInside, this, released);
-    connect(slider, &Slider::touchUpOutside, this, released);
+    connect(slider, &Slider::sliderReleased, page_, released);
     reactOnlyWhenAvailable(cell, available);
     return cell;
+}
+
+void PreferencesRows::didSelectRowAtIndexPath(TableView* table, IndexPath indexPath) {
+    page_->didSelectRowAtIndexPath(table, indexPath);
 }
 
 } // namespace pomwick

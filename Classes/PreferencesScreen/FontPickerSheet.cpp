@@ -1,11 +1,13 @@
 // The font sheet: the font picker under a Done bar, sliding up from the bottom edge over a clear
 // tap catcher that closes it, as Done and Escape do.
+#include "FontPickerSheet.h"
+
 #include "Animations.h"
 #include "Appearance.h"
 #include "ColorText.h"
+#include "DQFontPicker.h"
 #include "ModalScope.h"
 #include "PickerWheel.h"
-#include "PomwickPreferencesViewController.h"
 #include "Settings.h"
 #include "TextScanning.h"
 #include "ViewGeometry.h"
@@ -48,7 +50,7 @@ class TapCatcher : public QAbstractButton {
 public:
     explicit TapCatcher(QWidget* parent) : QAbstractButton(parent) {
         setFocusPolicy(Qt::NoFocus);
-        setAccessibleName(PomwickPreferencesViewController::tr("Close font sheet"));
+        setAccessibleName(FontPickerSheet::tr("Close font sheet"));
         shown_.start();
     }
     void arm() { armed_ = true; }
@@ -112,7 +114,7 @@ void setTakesTouches(QWidget* sheet, bool takes) {
 }
 
 QPushButton* doneButton(QWidget* parent) {
-    auto* done = new QPushButton(PomwickPreferencesViewController::tr("Done"), parent);
+    auto* done = new QPushButton(FontPickerSheet::tr("Done"), parent);
     done->setFlat(true);
     done->setCursor(Qt::PointingHandCursor);
     done->setFocusPolicy(Qt::TabFocus);
@@ -158,11 +160,12 @@ void slide(QWidget* view, const QRectF& to, qreal opacity, std::function<void()>
 
 } // namespace
 
-void PomwickPreferencesViewController::showFontPicker() {
-    QWidget* root = view();
+DQFontPicker* FontPickerSheet::fontPicker() const {
+    return fontPicker_;
+}
+
+void FontPickerSheet::show(QWidget* root, QWidget* focusReturn) {
     const QRectF viewBounds = bounds(root);
-    if (badgeTextTextField_)
-        badgeTextTextField_->resignFirstResponder();
     // A sheet still up (opened twice, or still sliding) gives way to the new one at once.
     delete fontContainerView_;
     delete dimmingView_;
@@ -192,7 +195,7 @@ void PomwickPreferencesViewController::showFontPicker() {
     bar->addStretch(1);
     QPushButton* done = doneButton(toolbar);
     bar->addWidget(done);
-    connect(done, &QPushButton::clicked, this, [this] { hideFontPicker(); });
+    connect(done, &QPushButton::clicked, this, &FontPickerSheet::hide);
     // One point past each side, so that only the rim's top and bottom lines show.
     setFrame(toolbar, QRectF(-1, 0, viewBounds.width() + 2, toolbarHeight));
     doneToolbar_ = toolbar;
@@ -200,7 +203,7 @@ void PomwickPreferencesViewController::showFontPicker() {
     const qreal sheetHeight = pickerHeight + toolbarHeight;
     auto* dimming = new TapCatcher(root);
     setFrame(dimming, QRectF(0, 0, viewBounds.width(), viewBounds.height() - sheetHeight));
-    connect(dimming, &QAbstractButton::clicked, this, [this] { hideFontPicker(); });
+    connect(dimming, &QAbstractButton::clicked, this, &FontPickerSheet::hide);
     dimming->show();
     dimmingView_ = dimming;
 
@@ -216,11 +219,11 @@ void PomwickPreferencesViewController::showFontPicker() {
     setTakesTouches(container, false);
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), container);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(escape, &QShortcut::activated, this, [this] { hideFontPicker(); });
+    connect(escape, &QShortcut::activated, this, &FontPickerSheet::hide);
     container->show();
     fontContainerView_ = container;
     // The keyboard stays in the sheet until it leaves, then goes back to the row that opened it.
-    new ModalScope(container, {dimming}, mainTableView_);
+    new ModalScope(container, {dimming}, focusReturn);
 
     slide(container, QRectF(0, viewBounds.height() - sheetHeight, viewBounds.width(), sheetHeight),
           1.0, [container, picker, dimming] {
@@ -234,11 +237,11 @@ void PomwickPreferencesViewController::showFontPicker() {
           });
 }
 
-void PomwickPreferencesViewController::hideFontPicker() {
+void FontPickerSheet::hide() {
     QWidget* container = fontContainerView_;
     if (container == nullptr)
         return;
-    const QRectF viewBounds = bounds(view());
+    const QRectF viewBounds = bounds(container->parentWidget());
     const QRectF sheet = frame(container);
     ModalScope::endFor(container);
     setTakesTouches(container, false);
@@ -248,9 +251,21 @@ void PomwickPreferencesViewController::hideFontPicker() {
               if (dimming)
                   dimming->deleteLater();
           });
-    // Every wheel turn since the sheet opened is one step.
-    endGesture(tr("Font"));
-    reloadTableData();
+    emit closing();
+}
+
+void FontPickerSheet::layOut(const QRectF& pageBounds) {
+    if (!fontContainerView_)
+        return;
+    const qreal sheetHeight = frame(fontContainerView_).height();
+    setFrame(fontContainerView_,
+             QRectF(0, pageBounds.height() - sheetHeight, pageBounds.width(), sheetHeight));
+    setFrame(fontPicker_->view(),
+             QRectF(0, toolbarHeight, pageBounds.width(), frame(fontPicker_->view()).height()));
+    setFrame(doneToolbar_, QRectF(0, 0, pageBounds.width(), toolbarHeight));
+    // The tap catcher follows too, so that no part of the table is left uncovered.
+    if (dimmingView_)
+        setFrame(dimmingView_, QRectF(0, 0, pageBounds.width(), pageBounds.height() - sheetHeight));
 }
 
 } // namespace pomwick
