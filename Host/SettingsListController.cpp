@@ -18,8 +18,12 @@ void SettingsListController::viewDidLoad() {
 }
 
 // The window's size changed: the list takes the whole page again.
-void SettingsListController::didRotateFromInterfaceOrientation(int) {
+void SettingsListController::viewDidLayoutSubviews() {
     setFrame(table_, bounds(view()));
+}
+
+void SettingsListController::didRotateFromInterfaceOrientation(int) {
+    viewDidLayoutSubviews();
     table_->reloadData();
 }
 

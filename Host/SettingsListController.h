@@ -14,6 +14,7 @@ public:
     explicit SettingsListController(LoadedBundle bundle);
 
     void viewDidLoad() override;
+    void viewDidLayoutSubviews() override;
     void didRotateFromInterfaceOrientation(int fromOrientation) override;
     void openBundle(bool animated);
 

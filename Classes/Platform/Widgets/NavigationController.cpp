@@ -157,7 +157,11 @@ ViewController* NavigationController::popViewControllerAnimated(bool animated) {
     ViewController* below = stack_[stack_.size() - 2];
     leaving->viewWillDisappear(animated);
     stack_.pop_back();
+    // A page the window was resized over places its content again as it comes back.
+    const QSize coveredSize = below->view()->size();
     layoutContent();
+    if (below->view()->size() != coveredSize)
+        below->viewDidLayoutSubviews();
     below->view()->show();
     // Back to the control that pushed, before the page rebuilds so that it keeps its place.
     const QPointer<QWidget> opener = returnFocus_.back();

@@ -192,4 +192,10 @@ TEST_F(Stack, AResizeLaysThePageOutAndOnlyTurningTallToWideOrBackIsARotation) {
     EXPECT_EQ(resizedTo(900, 500), QStringList({"Settings layout", "Settings rotate from 1"}));
     EXPECT_EQ(resizedTo(800, 500), QStringList{"Settings layout"});
     EXPECT_EQ(resizedTo(500, 800), QStringList({"Settings layout", "Settings rotate from 3"}));
+    // Resized while covered, a page lays itself out as it comes back.
+    push();
+    navigation.resize(520, 820);
+    log.clear();
+    navigation.popViewControllerAnimated(false);
+    EXPECT_TRUE(log.contains("Settings layout")) << log.join(", ").toStdString();
 }
