@@ -22,8 +22,8 @@ void SettingsListController::viewDidLayoutSubviews() {
     setFrame(table_, bounds(view()));
 }
 
+// The resize that turned the window has laid the list out already.
 void SettingsListController::didRotateFromInterfaceOrientation(int) {
-    viewDidLayoutSubviews();
     table_->reloadData();
 }
 

@@ -164,10 +164,6 @@ void BadgePositionViewController::viewDidLayoutSubviews() {
     layOutForViewSize(bounds(view()).size());
 }
 
-void BadgePositionViewController::didRotateFromInterfaceOrientation(int) {
-    viewDidLayoutSubviews();
-}
-
 void BadgePositionViewController::touchesBegan(QPointF point) {
     lastPoint_ = point;
     if (badgeFrame_.contains(point))

@@ -36,7 +36,6 @@ public:
     void viewDidLoad() override;
     void viewWillDisappear(bool animated) override;
     void viewDidLayoutSubviews() override;
-    void didRotateFromInterfaceOrientation(int fromOrientation) override;
 
     // The drag, with points in the square's coordinates.
     void touchesBegan(QPointF point);
