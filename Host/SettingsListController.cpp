@@ -5,6 +5,53 @@
 #include "ViewGeometry.h"
 
 namespace pomwick {
+namespace {
+
+// The list's one row: the bundle, or why it could not be loaded beneath it.
+class BundleRows : public TableViewDataSource {
+public:
+    BundleRows(SettingsListController* list, const LoadedBundle& bundle)
+        : TableViewDataSource(list), list_(list), bundle_(bundle) {}
+
+    int numberOfSectionsInTableView(TableView*) override { return 1; }
+    int numberOfRowsInSection(TableView*, int) override { return 1; }
+    QString titleForHeaderInSection(TableView*, int) override {
+        return SettingsListController::tr("Tweaks");
+    }
+
+    QWidget* viewForFooterInSection(TableView* table, int) override {
+        if (bundle_.bundle != nullptr)
+            return nullptr;
+        auto* label =
+            new QLabel(SettingsListController::tr("The settings bundle could not be loaded:\n%1")
+                           .arg(bundle_.error));
+        label->setWordWrap(true);
+        label->setFont(Appearance::systemFont(13));
+        setTextColor(label, Appearance::errorText);
+        setFrame(label, QRectF(15, 0, table->rowWidth() - 30, 80));
+        return label;
+    }
+
+    TableViewCell* cellForRowAtIndexPath(TableView* table, IndexPath) override {
+        auto* cell =
+            new TableViewCell("Bundle", QSizeF(table->rowWidth(), TableViewCell::rowHeight));
+        cell->textLabel()->setText(bundle_.name);
+        cell->setImage(bundle_.icon.scaled(58, 58, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        cell->setUserInteractionEnabled(bundle_.bundle != nullptr);
+        return cell;
+    }
+
+    void didSelectRowAtIndexPath(TableView* table, IndexPath indexPath) override {
+        table->deselectRowAtIndexPath(indexPath, true);
+        list_->openBundle(true);
+    }
+
+private:
+    SettingsListController* list_;
+    const LoadedBundle& bundle_;
+};
+
+} // namespace
 
 SettingsListController::SettingsListController(LoadedBundle bundle) : bundle_(std::move(bundle)) {}
 
@@ -13,7 +60,7 @@ void SettingsListController::viewDidLoad() {
     setBackgroundColor(view(), Appearance::groupedBackground);
     table_ = new TableView(view());
     setFrame(table_, bounds(view()));
-    table_->setDataSource(this);
+    table_->setDataSource(new BundleRows(this, bundle_));
     table_->reloadData();
 }
 
@@ -31,30 +78,6 @@ void SettingsListController::openBundle(bool animated) {
     if (bundle_.bundle != nullptr && navigationController() != nullptr)
         navigationController()->pushViewController(bundle_.bundle->makePrincipalController(),
                                                    animated);
-}
-
-QWidget* SettingsListController::viewForFooterInSection(TableView* table, int) {
-    if (bundle_.bundle != nullptr)
-        return nullptr;
-    auto* label = new QLabel(tr("The settings bundle could not be loaded:\n%1").arg(bundle_.error));
-    label->setWordWrap(true);
-    label->setFont(Appearance::systemFont(13));
-    setTextColor(label, Appearance::errorText);
-    setFrame(label, QRectF(15, 0, table->rowWidth() - 30, 80));
-    return label;
-}
-
-TableViewCell* SettingsListController::cellForRowAtIndexPath(TableView* table, IndexPath) {
-    auto* cell = new TableViewCell("Bundle", QSizeF(table->rowWidth(), TableViewCell::rowHeight));
-    cell->textLabel()->setText(bundle_.name);
-    cell->setImage(bundle_.icon.scaled(58, 58, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    cell->setUserInteractionEnabled(bundle_.bundle != nullptr);
-    return cell;
-}
-
-void SettingsListController::didSelectRowAtIndexPath(TableView* table, IndexPath indexPath) {
-    table->deselectRowAtIndexPath(indexPath, true);
-    openBundle(true);
 }
 
 } // namespace pomwick

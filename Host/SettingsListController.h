@@ -8,7 +8,7 @@ namespace pomwick {
 
 // The host's root page, "Settings": one entry for the loaded bundle, which opens its page; a
 // bundle that failed to load shows why instead.
-class SettingsListController : public ViewController, public TableViewDataSource {
+class SettingsListController : public ViewController {
     Q_OBJECT
 public:
     explicit SettingsListController(LoadedBundle bundle);
@@ -17,13 +17,6 @@ public:
     void viewDidLayoutSubviews() override;
     void didRotateFromInterfaceOrientation(int fromOrientation) override;
     void openBundle(bool animated);
-
-    int numberOfSectionsInTableView(TableView*) override { return 1; }
-    int numberOfRowsInSection(TableView*, int) override { return 1; }
-    QString titleForHeaderInSection(TableView*, int) override { return tr("Tweaks"); }
-    QWidget* viewForFooterInSection(TableView* table, int section) override;
-    TableViewCell* cellForRowAtIndexPath(TableView* table, IndexPath indexPath) override;
-    void didSelectRowAtIndexPath(TableView* table, IndexPath indexPath) override;
 
 private:
     LoadedBundle bundle_;

@@ -75,8 +75,8 @@ private:
 } // namespace
 
 PreferencesRows::PreferencesRows(PomwickPreferencesViewController* page, TableView* table)
-    : QObject(table), page_(page), table_(table), textDelegate_(new BadgeTextDelegate(page, this)) {
-}
+    : TableViewDataSource(table), page_(page), table_(table),
+      textDelegate_(new BadgeTextDelegate(page, this)) {}
 
 // A rebuild starts here: its rows show the settings as they are now, read once for all of them.
 int PreferencesRows::numberOfSectionsInTableView(TableView*) {
@@ -201,7 +201,7 @@ TableViewCell* PreferencesRows::cellForRowAtIndexPath(TableView*, IndexPath path
             return makeCell("Cell13", tr("View My Other Tweaks"), "Wrench.png");
         case 3: {
             TableViewCell* cell = makeCell("Cell14", tr("Donate"), "Money.png");
-            setTextColor(cell->textLabel(), Qt::blue);
+            cell->textLabel()->setTextColor(Qt::blue);
             return cell;
         }
         default:
@@ -287,7 +287,7 @@ TableViewCell* PreferencesRows::sliderCell(const QString& reuseIdentifier, const
     slider->setEnabled(available);
     slider->setAccessibleName(sliderName(text));
     const qreal textWidth = sizeWithAttributes(measuredText, cell->textLabel()->font()).width();
-    const qreal iconWidth = cell->imageView()->isHidden() ? 0 : cell->imageView()->width();
+    const qreal iconWidth = cell->imageRect().width();
     setFrame(slider,
              RowGeometry::sliderFrame(cellSize(cell), textWidth, iconWidth, Slider::height));
     connect(slider, &Slider::valueChanged, page_,

@@ -15,7 +15,7 @@ class PomwickPreferencesViewController;
 // The settings table's rows: four sections, fourteen rows, each built afresh from the settings.
 // Its controls report to the page's handlers; asking for a section's rows asks the renderer for
 // a fresh preview.
-class PreferencesRows : public QObject, public TableViewDataSource {
+class PreferencesRows : public TableViewDataSource {
     Q_OBJECT
 public:
     PreferencesRows(PomwickPreferencesViewController* page, TableView* table);

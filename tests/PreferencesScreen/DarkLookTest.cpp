@@ -46,6 +46,13 @@ TEST_F(DarkLook, PageSheetAndNoticesFollowTheDesktopAndComeBackUnchanged) {
                   label->wordWrap() ? label->height() : label->width())
             << label->text().toStdString();
     }
+    for (const TableViewCell* row : page->findChildren<TableViewCell*>()) {
+        const QColor ground = dark[0].pixelColor(row->mapTo(page, QPoint(1, 1)));
+        if (row->isVisibleTo(page) && page->rect().contains(row->mapTo(page, QPoint(1, 1)))) {
+            EXPECT_GE(std::abs(row->textLabel()->textColor().lightness() - ground.lightness()), 80)
+                << row->textLabel()->text().toStdString();
+        }
+    }
     EXPECT_EQ(dark[0].pixelColor(cell(0, 0)->mapTo(page, QPoint(30, 2))),
               Appearance::cellBackground());
     EXPECT_NE(dark[1], lightShots[1]);

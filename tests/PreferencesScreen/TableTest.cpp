@@ -23,8 +23,8 @@ namespace {
 // Dimmed: the label's colour at 60 % and the icon faded with it, whose most opaque pixel is then
 // at 60 % too.
 bool isDimmed(const TableViewCell* cell) {
-    const bool label = cell->textLabel()->palette().color(QPalette::WindowText).alpha() == 153;
-    const QImage icon = cell->imageView()->pixmap().toImage();
+    const bool label = cell->textLabel()->textColor().alpha() == 153;
+    const QImage icon = cell->imagePixmap().toImage();
     int opaquest = 0;
     for (int y = 0; y < icon.height(); ++y)
         for (int x = 0; x < icon.width(); ++x)

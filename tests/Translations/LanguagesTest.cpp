@@ -1,5 +1,6 @@
 #include "FeedbackMailComposer.h"
 #include "ScreenFixture.h"
+#include "TableViewCell.h"
 #include "Translations.h"
 
 #include <QStyle>
@@ -22,6 +23,19 @@ void photograph(QWidget* top, const QString& name) {
              view->parentWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
             ok &= o == view || qobject_cast<const QLabel*>(o) || !o->geometry().intersects(at);
         EXPECT_TRUE(ok || text.isEmpty() || view->isHidden()) << qPrintable(name + ':' + text);
+    }
+    // The rows paint their own texts, beside their controls.
+    for (const TableViewCell* cell : top->findChildren<TableViewCell*>()) {
+        const TableViewCellLabel* label = cell->textLabel();
+        const QRect slot = label->geometry();
+        const QSize size = QFontMetrics(label->font()).boundingRect(slot, 0, label->text()).size();
+        const QRect at =
+            QStyle::alignedRect(label->text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight,
+                                Qt::AlignLeft | Qt::AlignVCenter, size, slot);
+        bool ok = slot.contains(at);
+        for (const QWidget* o : cell->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            ok &= o->isHidden() || !o->geometry().intersects(at);
+        EXPECT_TRUE(ok) << qPrintable(name + ':' + label->text());
     }
     top->grab().save(name + ".png");
 }

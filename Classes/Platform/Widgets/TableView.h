@@ -2,8 +2,8 @@
 
 #include "PomwickPlatformExport.h"
 #include "TableViewCell.h"
-#include "WeakInterface.h"
 
+#include <QLabel>
 #include <QPointer>
 #include <QScrollArea>
 #include <optional>
@@ -14,10 +14,11 @@ namespace pomwick {
 class TableView;
 
 // What the table asks of its data source and tells its delegate (one object here). The table
-// does not own it and holds it weakly: its owner owns the table.
-class POMWICK_PLATFORM_EXPORT TableViewDataSource {
+// does not own it and holds it weakly: a data source deleted first is no longer asked.
+class POMWICK_PLATFORM_EXPORT TableViewDataSource : public QObject {
+    Q_OBJECT
 public:
-    virtual ~TableViewDataSource() = default;
+    using QObject::QObject;
     virtual int numberOfSectionsInTableView(TableView* table) = 0;
     virtual int numberOfRowsInSection(TableView* table, int section) = 0;
     virtual QString titleForHeaderInSection(TableView*, int /*section*/) { return {}; }
@@ -76,7 +77,7 @@ private:
     std::optional<FocusPlace> focusPlace() const;
     void restoreFocus(const FocusPlace& place);
 
-    WeakInterface<TableViewDataSource> dataSource_;
+    QPointer<TableViewDataSource> dataSource_;
     QWidget* content_;
     QPointer<QWidget> header_;
     std::vector<Section> sections_;

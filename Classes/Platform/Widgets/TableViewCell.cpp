@@ -3,7 +3,7 @@
 #include "Appearance.h"
 #include "ViewGeometry.h"
 
-#include <QEvent>
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
@@ -12,18 +12,35 @@
 
 namespace pomwick {
 
+void TableViewCellLabel::setText(const QString& text) {
+    if (text == text_)
+        return;
+    text_ = text;
+    cell_->update();
+    QAccessibleEvent event(cell_, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+void TableViewCellLabel::setFont(const QFont& font) {
+    font_ = font;
+    cell_->update();
+}
+
+QColor TableViewCellLabel::textColor() const {
+    QColor color = color_.value_or(cell_->palette().color(QPalette::WindowText));
+    if (cell_->isDimmed())
+        color.setAlpha(qRound(255 * TableViewCell::dimmedAlpha));
+    return color;
+}
+
+void TableViewCellLabel::setTextColor(const QColor& color) {
+    color_ = color;
+    cell_->update();
+}
+
 TableViewCell::TableViewCell(QString reuseIdentifier, QSizeF size, QWidget* parent)
-    : QAbstractButton(parent), reuseIdentifier_(std::move(reuseIdentifier)),
-      imageView_(new QLabel(this)), textLabel_(new QLabel(this)) {
-    textLabel_->setFont(Appearance::systemFont(17));
-    textLabel_->setTextFormat(Qt::PlainText);
-    // A label inside a button draws in the button's text colour unless told otherwise, which
-    // would ignore the colour set on it.
-    textLabel_->setForegroundRole(QPalette::WindowText);
-    // Whoever colours the label after it was dimmed keeps it dimmed.
-    textLabel_->installEventFilter(this);
-    imageView_->setScaledContents(true);
-    imageView_->hide();
+    : QAbstractButton(parent), reuseIdentifier_(std::move(reuseIdentifier)), textLabel_(this) {
+    textLabel_.font_ = Appearance::systemFont(17);
     setFrame(this, QRectF(QPointF(0, 0), size));
     layoutContent();
     updateFocusPolicy();
@@ -66,40 +83,18 @@ QPixmap TableViewCell::iconPixmap(const QImage& image, bool faded) {
 
 void TableViewCell::setImage(const QImage& image) {
     image_ = image;
-    imageView_->setVisible(!image.isNull());
-    if (!image.isNull()) {
-        const QPixmap pixmap = iconPixmap(image, dimmed_);
-        imageView_->setPixmap(pixmap);
-        imageView_->resize(pixmap.deviceIndependentSize().toSize());
-    }
     layoutContent();
+    update();
+}
+
+QPixmap TableViewCell::imagePixmap() const {
+    return image_.isNull() ? QPixmap() : iconPixmap(image_, dimmed_);
 }
 
 // The label's text colour and the icon take the alpha; the row's white background stays.
 void TableViewCell::setDimmed(bool dimmed) {
-    if (dimmed == dimmed_)
-        return;
     dimmed_ = dimmed;
-    fadeLabel();
-    if (!image_.isNull())
-        imageView_->setPixmap(iconPixmap(image_, dimmed_));
-}
-
-void TableViewCell::fadeLabel() {
-    QPalette palette = textLabel_->palette();
-    QColor color = palette.color(QPalette::WindowText);
-    const int wanted = qRound(255 * (dimmed_ ? dimmedAlpha : 1.0));
-    if (color.alpha() == wanted)
-        return;
-    color.setAlpha(wanted);
-    palette.setColor(QPalette::WindowText, color);
-    textLabel_->setPalette(palette);
-}
-
-bool TableViewCell::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == textLabel_ && event->type() == QEvent::PaletteChange)
-        fadeLabel();
-    return QAbstractButton::eventFilter(watched, event);
+    update();
 }
 
 void TableViewCell::setUserInteractionEnabled(bool enabled) {
@@ -120,17 +115,19 @@ void TableViewCell::setSeparatorInset(std::optional<qreal> inset) {
 
 void TableViewCell::layoutContent() {
     // Right to left, the icon and then the text start from the right edge.
-    const auto place = [this](QWidget* view, const QRect& slot) {
-        view->setGeometry(QStyle::visualRect(layoutDirection(), rect(), slot));
+    const auto place = [this](const QRect& slot) {
+        return QStyle::visualRect(layoutDirection(), rect(), slot);
     };
     const int left = 15;
     int textLeft = left;
-    if (!imageView_->isHidden()) {
-        place(imageView_,
-              QRect(QPoint(left, (height() - imageView_->height()) / 2), imageView_->size()));
-        textLeft = left + imageView_->width() + 15;
+    imageRect_ = QRect();
+    if (!image_.isNull()) {
+        const QSize size = iconPixmap(image_, false).deviceIndependentSize().toSize();
+        imageRect_ = place(QRect(QPoint(left, (height() - size.height()) / 2), size));
+        textLeft = left + size.width() + 15;
     }
-    place(textLabel_, QRect(textLeft, 0, std::max(0, width() - textLeft - 15), height()));
+    textLabel_.geometry_ =
+        place(QRect(textLeft, 0, std::max(0, width() - textLeft - 15), height()));
 }
 
 void TableViewCell::paintEvent(QPaintEvent*) {
@@ -144,8 +141,41 @@ void TableViewCell::paintEvent(QPaintEvent*) {
                                 width() - *separatorInset_, line),
                          Appearance::hairline());
     }
+    paintContent(painter);
     if (Appearance::showsFocusRing(this))
         Appearance::drawFocusRing(painter, QRectF(rect()), 4);
+}
+
+// The icon scaled smoothly to the pixels it covers and the text in the direction of its own
+// script, as a label with scaled contents and one with plain text would draw them.
+void TableViewCell::paintContent(QPainter& painter) {
+    if (!imageRect_.isEmpty()) {
+        const qreal ratio = devicePixelRatio();
+        const QSize pixels = imageRect_.size() * ratio;
+        const QString key = QStringLiteral("pomwick-row-icon-%1-%2-%3x%4")
+                                .arg(image_.cacheKey())
+                                .arg(int(dimmed_))
+                                .arg(pixels.width())
+                                .arg(pixels.height());
+        QPixmap shown;
+        if (!QPixmapCache::find(key, &shown)) {
+            shown = QPixmap::fromImage(imagePixmap().toImage().scaled(pixels, Qt::IgnoreAspectRatio,
+                                                                      Qt::SmoothTransformation));
+            shown.setDevicePixelRatio(ratio);
+            QPixmapCache::insert(key, shown);
+        }
+        painter.drawPixmap(imageRect_.topLeft(), shown);
+    }
+    const QString& text = textLabel_.text_;
+    if (text.isEmpty())
+        return;
+    const Qt::LayoutDirection direction = text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    const int flags =
+        int(QStyle::visualAlignment(direction, Qt::AlignLeft | Qt::AlignVCenter)) |
+        (direction == Qt::LeftToRight ? Qt::TextForceLeftToRight : Qt::TextForceRightToLeft);
+    painter.setFont(textLabel_.font_);
+    painter.setPen(textLabel_.textColor());
+    painter.drawText(textLabel_.geometry_, flags, text);
 }
 
 void TableViewCell::resizeEvent(QResizeEvent* event) {
