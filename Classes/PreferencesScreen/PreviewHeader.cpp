@@ -27,8 +27,8 @@ void requestPreview() {
 }
 
 PreviewHeader::PreviewHeader(qreal width, float iconSize, QObject* parent)
-    : QObject(parent), view_(new QWidget) {
-    setFrame(view_, QRectF(0, 0, width, iconSize * 3 + captionHeight));
+    : QObject(parent), view_(new QWidget), height_(iconSize * 3 + captionHeight) {
+    setFrame(view_, QRectF(0, 0, width, height_));
 
     infoLabel_ = new QLabel(tr("Badge Preview"), view_);
     setFrame(infoLabel_, QRectF(0, 0, width, captionHeight));
@@ -38,11 +38,8 @@ PreviewHeader::PreviewHeader(qreal width, float iconSize, QObject* parent)
 
     iconImageView_ = new QLabel(view_);
     iconImageView_->setScaledContents(true);
-    const QRectF header = frame(view_);
-    setFrame(iconImageView_,
-             QRectF(header.center().x() - iconSize / 2,
-                    header.center().y() + frame(infoLabel_).height() * 0.5 - iconSize / 2, iconSize,
-                    iconSize));
+    iconFrame_ = QRectF(0, 0, iconSize, iconSize);
+    placeIcon(width);
     if (const QImage icon = loadBundleImage(PreviewFile::sampleIcon); !icon.isNull())
         iconImageView_->setPixmap(QPixmap::fromImage(icon));
     describe(SettingsSnapshot());
@@ -58,7 +55,7 @@ void PreviewHeader::describe(const SettingsSnapshot& settings) {
 }
 
 QImage PreviewHeader::showComposedBadge(float iconSize) {
-    const PreviewBadge badge = composePreviewBadge(frame(iconImageView_), iconSize);
+    const PreviewBadge badge = composePreviewBadge(iconFrame_, iconSize);
     auto* badgeView = qobject_cast<QLabel*>(viewWithTag(view_, previewBadgeTag));
     if (badgeView == nullptr) {
         badgeView = new QLabel(view_);
@@ -67,8 +64,10 @@ QImage PreviewHeader::showComposedBadge(float iconSize) {
         setTag(badgeView, previewBadgeTag);
         badgeView->show();
     }
-    if (badge.frame)
-        setFrame(badgeView, *badge.frame);
+    if (badge.frame) {
+        badgeFrame_ = *badge.frame;
+        setFrame(badgeView, badgeFrame_);
+    }
     badgeView->setPixmap(badge.image.isNull() ? QPixmap() : QPixmap::fromImage(badge.image));
     badgeView->raise();
     if (!badge.image.isNull())
@@ -76,20 +75,23 @@ QImage PreviewHeader::showComposedBadge(float iconSize) {
     return badge.image;
 }
 
+// In the middle of the header, half the caption lower.
+void PreviewHeader::placeIcon(qreal width) {
+    iconFrame_.moveTo(width / 2 - iconFrame_.width() / 2,
+                      height_ / 2 + captionHeight * 0.5 - iconFrame_.height() / 2);
+    setFrame(iconImageView_, iconFrame_);
+}
+
+// The header spans the table, which spans the view; a hidden table learns its new width late.
 void PreviewHeader::layOut(qreal width) {
-    const QPointF iconBefore = frame(iconImageView_).topLeft();
+    const QPointF iconBefore = iconFrame_.topLeft();
     setFrame(infoLabel_, QRectF(0, 0, width, captionHeight));
-    // The header spans the table, which spans the view; a hidden table learns its new width late.
-    const QRectF header(0, 0, width, frame(view_).height());
-    const QRectF icon = frame(iconImageView_);
-    setFrame(iconImageView_, QRectF(QPointF(header.width() / 2 - icon.width() / 2,
-                                            header.height() / 2 + frame(infoLabel_).height() * 0.5 -
-                                                icon.height() / 2),
-                                    icon.size()));
+    placeIcon(width);
     // The badge rides on the icon; it is composed again only with the next preview.
-    if (QWidget* badgeView = viewWithTag(view_, previewBadgeTag))
-        setFrame(badgeView,
-                 frame(badgeView).translated(frame(iconImageView_).topLeft() - iconBefore));
+    if (QWidget* badgeView = viewWithTag(view_, previewBadgeTag)) {
+        badgeFrame_.translate(iconFrame_.topLeft() - iconBefore);
+        setFrame(badgeView, badgeFrame_);
+    }
 }
 
 QLabel* PreviewHeader::unavailableLabel() const {
@@ -119,9 +121,8 @@ void PreviewHeader::showUnavailable(bool unavailable) {
         setBackgroundColor(unavailableLabel_, Appearance::cellBackground);
         setTextColor(unavailableLabel_, Appearance::sectionHeaderText);
     }
-    const QRectF header = frame(view_);
-    const qreal top = frame(iconImageView_).bottom() + 4;
-    const QRectF belowIcon(16, top, header.width() - 32, header.bottom() - top);
+    const qreal top = iconFrame_.bottom() + 4;
+    const QRectF belowIcon(16, top, view_->width() - 32, height_ - top);
     const bool belowFits = belowIcon.height() >= minimumStatusHeight;
     setFrame(unavailableLabel_, belowFits ? belowIcon : frame(infoLabel_));
     // Over the caption it hides it; below the icon it lies on the header's grey.

@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QObject>
 #include <QPointer>
+#include <QRectF>
 #include <QWidget>
 
 class QLabel;
@@ -43,7 +44,13 @@ signals:
     void badgeShown();
 
 private:
+    void placeIcon(qreal width);
+
     QPointer<QWidget> view_;
+    // The header's height and the icon's and badge's frames as computed, fractions included.
+    qreal height_;
+    QRectF iconFrame_;
+    QRectF badgeFrame_;
     QLabel* iconImageView_;
     QLabel* infoLabel_;
     QPointer<QLabel> unavailableLabel_;

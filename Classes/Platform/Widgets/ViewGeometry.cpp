@@ -4,82 +4,85 @@
 
 #include <QGraphicsOpacityEffect>
 #include <QPalette>
+#include <QPointer>
 #include <QResizeEvent>
 #include <cmath>
 
 namespace pomwick {
 namespace {
 
-constexpr const char* frameProperty = "pomwickFrame";
 constexpr const char* tagProperty = "pomwickTag";
 constexpr const char* alphaProperty = "pomwickAlpha";
-constexpr const char* mirroredProperty = "pomwickMirroredFrames";
 
 int placed(qreal value) {
     return std::isfinite(value) ? int(std::lround(std::clamp(value, -1e6, 1e6))) : 0;
 }
 
-QRect placedRect(const QRectF& frame) {
-    return {placed(frame.x()), placed(frame.y()), std::max(0, placed(frame.width())),
-            std::max(0, placed(frame.height()))};
-}
-
-// Right to left, a frame's x counts from the parent's right edge, where a layout would put it.
-QRect placedRect(const QWidget* view, const QRectF& frame, int parentWidth) {
-    QRect rect = placedRect(frame);
-    if (view->parentWidget() != nullptr && view->parentWidget()->isRightToLeft())
-        rect.moveLeft(parentWidth - rect.right() - 1);
+// Right to left, a frame's x counts from the parent's right edge, where a layout would put it;
+// mirrored twice, a rectangle is itself again.
+QRect mirrored(const QWidget* view, QRect rect) {
+    const QWidget* parent = view->parentWidget();
+    if (parent != nullptr && parent->isRightToLeft())
+        rect.moveLeft(parent->width() - rect.right() - 1);
     return rect;
 }
 
-QRect placedRect(const QWidget* view, const QRectF& frame) {
-    return placedRect(view, frame, view->parentWidget() ? view->parentWidget()->width() : 0);
-}
-
-// A mirrored parent that changes width takes the children it placed along to the new right edge.
+// A mirrored parent that changes width takes the children placed by frame along to its new right
+// edge: they keep their distance from it.
 class MirroredFrames : public QObject {
 public:
-    using QObject::QObject;
+    explicit MirroredFrames(QWidget* parent) : QObject(parent) { parent->installEventFilter(this); }
+
+    static MirroredFrames* of(QWidget* parent) {
+        for (QObject* child : parent->children())
+            if (auto* frames = dynamic_cast<MirroredFrames*>(child))
+                return frames;
+        return new MirroredFrames(parent);
+    }
+    void track(QWidget* view) {
+        if (!placed_.contains(view))
+            placed_.emplace_back(view);
+    }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() != QEvent::Resize)
             return false;
-        const int oldWidth = static_cast<QResizeEvent*>(event)->oldSize().width();
-        for (QObject* child : watched->children()) {
-            auto* view = qobject_cast<QWidget*>(child);
-            const QVariant stored = view ? view->property(frameProperty) : QVariant();
-            if (stored.isValid() &&
-                view->geometry() == placedRect(view, stored.toRectF(), oldWidth))
-                view->setGeometry(placedRect(view, stored.toRectF()));
-        }
+        // A resize held back until the parent is shown has no old size: its children were
+        // placed against the width it has.
+        const auto* resize = static_cast<QResizeEvent*>(event);
+        if (!resize->oldSize().isValid())
+            return false;
+        const int moved = resize->size().width() - resize->oldSize().width();
+        placed_.removeIf([watched](const QPointer<QWidget>& view) {
+            return view.isNull() || view->parent() != watched;
+        });
+        for (QWidget* view : placed_)
+            view->move(view->x() + moved, view->y());
         return false;
     }
+
+private:
+    QList<QPointer<QWidget>> placed_;
 };
 
 } // namespace
 
 void setFrame(QWidget* view, const QRectF& frame) {
-    view->setProperty(frameProperty, frame);
-    view->setGeometry(placedRect(view, frame));
+    const QRect rect(placed(frame.x()), placed(frame.y()), std::max(0, placed(frame.width())),
+                     std::max(0, placed(frame.height())));
+    view->setGeometry(mirrored(view, rect));
     QWidget* parent = view->parentWidget();
-    if (parent != nullptr && parent->isRightToLeft() &&
-        !parent->property(mirroredProperty).isValid()) {
-        parent->setProperty(mirroredProperty, true);
-        parent->installEventFilter(new MirroredFrames(parent));
-    }
+    if (parent != nullptr && parent->isRightToLeft())
+        MirroredFrames::of(parent)->track(view);
 }
 
 QRectF frame(const QWidget* view) {
-    // A widget placed by someone else since its frame was set: its geometry is the truth.
-    const QVariant stored = view->property(frameProperty);
-    if (stored.isValid() && placedRect(view, stored.toRectF()) == view->geometry())
-        return stored.toRectF();
-    return QRectF(view->geometry());
+    return QRectF(mirrored(view, view->geometry()));
 }
 
 QRectF bounds(const QWidget* view) {
-    return QRectF(QPointF(0, 0), frame(view).size());
+    return QRectF(QPointF(0, 0), QSizeF(view->size()));
 }
 
 void setTag(QWidget* view, int tag) {

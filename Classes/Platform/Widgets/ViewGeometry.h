@@ -7,8 +7,9 @@
 
 namespace pomwick {
 
-// A view's frame as the screen computes it, fractions included (3 x 60.5 = 181.5); the widget is
-// placed at the rounded rectangle. Values that are not finite are placed at 0.
+// A view's frame, in left-to-right coordinates of its parent: placed at the rounded rectangle
+// (mirrored in a right-to-left parent), and read back as placed. Whoever computes with fractions
+// (3 x 60.5 = 181.5) keeps them. Values that are not finite are placed at 0.
 POMWICK_PLATFORM_EXPORT void setFrame(QWidget* view, const QRectF& frame);
 POMWICK_PLATFORM_EXPORT QRectF frame(const QWidget* view);
 POMWICK_PLATFORM_EXPORT QRectF bounds(const QWidget* view);

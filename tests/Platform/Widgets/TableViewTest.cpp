@@ -103,3 +103,32 @@ TEST_F(Table, TabReachesRowsThatReactAndControlsInOrderAndARebuildKeepsFocusAndS
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     EXPECT_EQ(source.selected, (std::vector<IndexPath>{{2, 0}}));
 }
+
+// Right to left, frames count from the right edge and keep their distance from it as the parent
+// widens; a row's icon and text start at its right edge.
+TEST(RightToLeft, FramesFollowTheRightEdgeAndRowsStartThere) {
+    QWidget parent;
+    parent.setLayoutDirection(Qt::RightToLeft);
+    parent.resize(200, 100);
+    parent.show();
+    QWidget child(&parent);
+    setFrame(&child, QRectF(10.4, 5, 50, 20));
+    EXPECT_EQ(child.geometry(), QRect(140, 5, 50, 20));
+    parent.resize(300, 100);
+    EXPECT_EQ(child.geometry(), QRect(240, 5, 50, 20));
+    EXPECT_EQ(frame(&child), QRectF(10, 5, 50, 20));
+
+    TableViewCell cell("Row", {320, 44}, &parent);
+    cell.setImage(QImage(58, 58, QImage::Format_ARGB32));
+    EXPECT_EQ(cell.imageRect(), QRect(320 - 15 - 29, 7, 29, 29));
+    EXPECT_EQ(cell.textLabel()->geometry(), QRect(15, 0, 320 - 15 - 29 - 15 - 15, 44));
+}
+
+TEST(TableViewSource, ADataSourceDeletedFirstIsNoLongerAsked) {
+    auto source = std::make_unique<CountingSource>();
+    TableView table;
+    table.setDataSource(source.get());
+    source.reset();
+    table.reloadData();
+    EXPECT_EQ(table.cellForRowAtIndexPath({0, 0}), nullptr);
+}
