@@ -49,6 +49,12 @@ TableView::TableView(QWidget* parent) : QScrollArea(parent), content_(new Groupe
     setFocusPolicy(Qt::NoFocus);
     setWidget(content_);
     setWidgetResizable(false);
+    // The titles of the moment follow the look; one follower for all, not one a title a rebuild.
+    Appearance::follow(this, [this] {
+        for (const Section& section : sections_)
+            if (section.title)
+                setTextColor(section.title, Appearance::sectionHeaderText());
+    });
 }
 
 void TableView::setTableHeaderView(QWidget* header) {
@@ -143,7 +149,7 @@ void TableView::reloadData() {
         if (!title.isEmpty()) {
             built.title = new QLabel(title.toUpper(), content_);
             built.title->setFont(Appearance::systemFont(13));
-            setTextColor(built.title, Appearance::sectionHeaderText);
+            setTextColor(built.title, Appearance::sectionHeaderText());
         }
         const int rows = dataSource_->numberOfRowsInSection(this, section);
         for (int row = 0; row < rows; ++row) {

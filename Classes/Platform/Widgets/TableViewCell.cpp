@@ -17,8 +17,11 @@ void TableViewCellLabel::setText(const QString& text) {
         return;
     text_ = text;
     cell_->update();
-    QAccessibleEvent event(cell_, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&event);
+    // A row still being built has nobody to tell.
+    if (cell_->isVisible()) {
+        QAccessibleEvent event(cell_, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void TableViewCellLabel::setFont(const QFont& font) {
@@ -173,9 +176,13 @@ void TableViewCell::paintContent(QPainter& painter) {
     const int flags =
         int(QStyle::visualAlignment(direction, Qt::AlignLeft | Qt::AlignVCenter)) |
         (direction == Qt::LeftToRight ? Qt::TextForceLeftToRight : Qt::TextForceRightToLeft);
+    // Clipped to its place as a label's widget clips it: a glyph's fringe stays inside.
+    painter.save();
+    painter.setClipRect(textLabel_.geometry_);
     painter.setFont(textLabel_.font_);
     painter.setPen(textLabel_.textColor());
     painter.drawText(textLabel_.geometry_, flags, text);
+    painter.restore();
 }
 
 void TableViewCell::resizeEvent(QResizeEvent* event) {
