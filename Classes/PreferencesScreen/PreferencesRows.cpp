@@ -116,17 +116,13 @@ QString PreferencesRows::titleForHeaderInSection(TableView*, int section) {
 QWidget* PreferencesRows::viewForFooterInSection(TableView*, int section) {
     if (section != sectionCount - 1)
         return nullptr;
-    const QRectF labelFrame(0, 0, frame(page_->view()).width(), 40);
-    auto* footer = new QWidget;
-    setFrame(footer, labelFrame);
     auto* label = new QLabel(tr("Crafted with care by the Pomwick developers, 2026\nPomwick v%1")
-                                 .arg(QLatin1String(productVersion)),
-                             footer);
-    setFrame(label, labelFrame);
+                                 .arg(QLatin1String(productVersion)));
+    setFrame(label, QRectF(0, 0, page_->view()->width(), 40));
     label->setAlignment(Qt::AlignCenter);
     label->setFont(Appearance::systemFont(13));
     setTextColor(label, Appearance::footnoteText);
-    return footer;
+    return label;
 }
 
 TableViewCell* PreferencesRows::makeCell(const QString& reuseIdentifier, const QString& text,
