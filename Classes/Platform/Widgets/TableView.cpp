@@ -49,11 +49,9 @@ TableView::TableView(QWidget* parent) : QScrollArea(parent), content_(new Groupe
     setFocusPolicy(Qt::NoFocus);
     setWidget(content_);
     setWidgetResizable(false);
-    // The titles of the moment follow the look; one follower for all, not one a title a rebuild.
     Appearance::follow(this, [this] {
-        for (const Section& section : sections_)
-            if (section.title)
-                setTextColor(section.title, Appearance::sectionHeaderText());
+        for (QLabel* title : titles_)
+            setTextColor(title, Appearance::sectionHeaderText());
     });
 }
 
@@ -86,7 +84,6 @@ void TableView::clear() {
         }
     };
     for (Section& section : sections_) {
-        retire(section.title);
         for (auto& cell : section.cells)
             retire(cell);
         retire(section.footer);
@@ -146,11 +143,8 @@ void TableView::reloadData() {
     for (int section = 0; section < count; ++section) {
         Section built;
         const QString title = dataSource_->titleForHeaderInSection(this, section);
-        if (!title.isEmpty()) {
-            built.title = new QLabel(title.toUpper(), content_);
-            built.title->setFont(Appearance::systemFont(13));
-            setTextColor(built.title, Appearance::sectionHeaderText());
-        }
+        if (!title.isEmpty())
+            built.title = titleLabel(size_t(section), title.toUpper());
         const int rows = dataSource_->numberOfRowsInSection(this, section);
         for (int row = 0; row < rows; ++row) {
             TableViewCell* cell = dataSource_->cellForRowAtIndexPath(this, {section, row});
@@ -171,15 +165,27 @@ void TableView::reloadData() {
     }
     layoutRows();
     for (const Section& section : sections_) {
-        if (section.title)
-            section.title->show();
         for (const auto& cell : section.cells)
             cell->show();
         if (section.footer)
             section.footer->show();
     }
+    for (size_t section = 0; section < titles_.size(); ++section)
+        titles_[section]->setVisible(section < sections_.size() && sections_[section].title);
     if (focused)
         restoreFocus(*focused);
+}
+
+// Section titles are no rows: they stay from one reload to the next, and only their texts change.
+QLabel* TableView::titleLabel(size_t section, const QString& text) {
+    while (titles_.size() <= section) {
+        auto* title = new QLabel(content_);
+        title->setFont(Appearance::systemFont(13));
+        setTextColor(title, Appearance::sectionHeaderText());
+        titles_.push_back(title);
+    }
+    titles_[section]->setText(text);
+    return titles_[section];
 }
 
 void TableView::layoutRows() {

@@ -74,6 +74,7 @@ private:
     };
     void layoutRows();
     void clear();
+    QLabel* titleLabel(size_t section, const QString& text);
     std::optional<FocusPlace> focusPlace() const;
     void restoreFocus(const FocusPlace& place);
 
@@ -81,6 +82,7 @@ private:
     QWidget* content_;
     QPointer<QWidget> header_;
     std::vector<Section> sections_;
+    std::vector<QLabel*> titles_;
     std::optional<IndexPath> selected_;
     qreal separatorInset_ = 15;
 };

@@ -18,6 +18,7 @@ public:
     int sectionQuestions = 0;
     std::vector<int> rowQuestions = std::vector<int>(3, 0);
     std::vector<IndexPath> selected;
+    QString firstTitle = "First";
 
     int numberOfSectionsInTableView(TableView*) override {
         ++sectionQuestions;
@@ -28,7 +29,7 @@ public:
         return std::vector<int>{2, 0, 3}[size_t(section)];
     }
     QString titleForHeaderInSection(TableView*, int section) override {
-        return section == 0 ? "First" : QString();
+        return section == 0 ? firstTitle : QString();
     }
     TableViewCell* cellForRowAtIndexPath(TableView* table, IndexPath path) override {
         auto* cell = new TableViewCell(QString("Cell%1").arg(path.row), {table->rowWidth(), 44});
@@ -69,6 +70,21 @@ TEST_F(Table, EveryReloadBuildsEveryCellAnewAndTappingSelectsOnlyCellsThatReact)
     EXPECT_NE(table.cellForRowAtIndexPath({2, 2}), before);
     EXPECT_EQ(table.cellForRowAtIndexPath({2, 2})->textLabel()->text(), "2.2");
     EXPECT_EQ(frame(table.cellForRowAtIndexPath({0, 0})).width(), 320);
+    // Titles are kept from one reload to the next: a new text shows, a title gone goes.
+    const auto titles = [this] {
+        QStringList shown;
+        for (const QLabel* label : table.widget()->findChildren<QLabel*>())
+            if (label->isVisibleTo(&table))
+                shown << label->text();
+        return shown;
+    };
+    EXPECT_EQ(titles(), QStringList{"FIRST"});
+    source.firstTitle = "Again";
+    table.reloadData();
+    EXPECT_EQ(titles(), QStringList{"AGAIN"});
+    source.firstTitle.clear();
+    table.reloadData();
+    EXPECT_EQ(titles(), QStringList{});
 
     QTest::mouseClick(table.cellForRowAtIndexPath({2, 0}), Qt::LeftButton);
     ASSERT_EQ(source.selected, (std::vector<IndexPath>{{2, 0}}));
