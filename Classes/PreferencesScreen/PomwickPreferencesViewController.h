@@ -106,6 +106,7 @@ public:
     QLabel* previewUnavailableLabel() const;
 
 private:
+    friend struct PreferencesScreenTestAccess;
     void registerPreviewMessages();
     void setUpHistory();
     void endGesture(const QString& description);

@@ -35,8 +35,6 @@ using namespace std::chrono_literals;
 // A sendmail placed first on PATH: it records its arguments and the message, then does as told.
 class MailFixture : public ScreenFixture {
 protected:
-    // The notices are caught while they fade.
-    Animations::ScaleOverride realLengths_{1};
     void SetUp() override {
         ScreenFixture::SetUp();
         for (const char* name : {"PATH", "XDG_DATA_HOME", "EMAIL"})
@@ -231,6 +229,7 @@ TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
 
     QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
     ASSERT_NE(composer->draftMenu(), nullptr);
+    const Animations::ScaleOverride realLengths(1); // its notice is caught while it fades
     composer->draftMenu()->actions()[1]->trigger();
     expectNotice("", nullptr);
     EXPECT_FALSE(QFile::exists(dir_.filePath("message.eml")));
