@@ -125,13 +125,31 @@ QWidget* PreferencesRows::viewForFooterInSection(TableView*, int section) {
     return label;
 }
 
+// The rows of one page show the same icons from one device root, and measure the same texts in
+// the same font, rebuild after rebuild.
+QImage PreferencesRows::icon(const char* fileName) {
+    auto found = icons_.find(fileName);
+    if (found == icons_.end())
+        found = icons_.emplace(fileName, bundleIcon(fileName)).first;
+    return found->second;
+}
+
+qreal PreferencesRows::measuredWidth(const QString& text, const TableViewCell* cell) {
+    auto found = textWidths_.find(text);
+    if (found == textWidths_.end())
+        found =
+            textWidths_.emplace(text, sizeWithAttributes(text, cell->textLabel()->font()).width())
+                .first;
+    return found->second;
+}
+
 TableViewCell* PreferencesRows::makeCell(const QString& reuseIdentifier, const QString& text,
-                                         const char* iconFile) const {
+                                         const char* iconFile) {
     auto* cell =
         new TableViewCell(reuseIdentifier, QSizeF(table_->rowWidth(), TableViewCell::rowHeight),
                           table_->contentView());
     cell->textLabel()->setText(text);
-    cell->setImage(bundleIcon(iconFile));
+    cell->setImage(icon(iconFile));
     return cell;
 }
 
@@ -246,12 +264,12 @@ TableViewCell* PreferencesRows::textCell(bool available) {
     field->setDelegate(textDelegate_);
     field->setAccessibleName(tr("Badge text"));
     field->setEnabled(available);
-    auto* info = new ImageButton(bundleIcon("Info.png"), QSize(20, 20), field);
+    auto* info = new ImageButton(icon("Info.png"), QSize(20, 20), field);
     info->setAccessibleName(tr("Tip"));
     connect(info, &ImageButton::clicked, page_,
             &PomwickPreferencesViewController::infoButtonClicked);
     field->setRightView(info);
-    const qreal textWidth = sizeWithAttributes(tr("Text:"), cell->textLabel()->font()).width();
+    const qreal textWidth = measuredWidth(tr("Text:"), cell);
     setFrame(field, RowGeometry::textFieldFrame(cellSize(cell), textWidth,
                                                 TableViewCell::indentationWidth));
     badgeTextTextField_ = field;
@@ -282,7 +300,7 @@ TableViewCell* PreferencesRows::sliderCell(const QString& reuseIdentifier, const
     slider->setValue(value, true);
     slider->setEnabled(available);
     slider->setAccessibleName(sliderName(text));
-    const qreal textWidth = sizeWithAttributes(measuredText, cell->textLabel()->font()).width();
+    const qreal textWidth = measuredWidth(measuredText, cell);
     const qreal iconWidth = cell->imageRect().width();
     setFrame(slider,
              RowGeometry::sliderFrame(cellSize(cell), textWidth, iconWidth, Slider::height));

@@ -6,7 +6,9 @@
 
 #include <QObject>
 #include <QPointer>
+#include <map>
 #include <optional>
+#include <string>
 
 namespace pomwick {
 
@@ -35,8 +37,10 @@ public:
     bool rowCountsRequestPreview = true;
 
 private:
+    QImage icon(const char* fileName);
+    qreal measuredWidth(const QString& text, const TableViewCell* cell);
     TableViewCell* makeCell(const QString& reuseIdentifier, const QString& text,
-                            const char* iconFile) const;
+                            const char* iconFile);
     TableViewCell* enabledCell();
     TableViewCell* visibilityCell();
     TableViewCell* textCell(bool available);
@@ -52,6 +56,8 @@ private:
     std::optional<SettingsSnapshot> rowSettings_;
     QPointer<TextField> badgeTextTextField_;
     QPointer<TableViewCell> alphaCell_;
+    std::map<std::string, QImage> icons_;
+    std::map<QString, qreal> textWidths_;
 };
 
 } // namespace pomwick

@@ -61,6 +61,11 @@ void TableViewCell::setSelectionStyle(SelectionStyle style) {
     updateFocusPolicy();
 }
 
+// Row icons are drawn at twice their size in points, unless they say otherwise.
+qreal TableViewCell::iconRatio(const QImage& image) {
+    return image.devicePixelRatio() == 1.0 ? 2.0 : image.devicePixelRatio();
+}
+
 // Rows are rebuilt from the same few icons again and again: each is converted once, and once
 // more faded.
 QPixmap TableViewCell::iconPixmap(const QImage& image, bool faded) {
@@ -78,8 +83,7 @@ QPixmap TableViewCell::iconPixmap(const QImage& image, bool faded) {
     } else {
         pixmap = QPixmap::fromImage(image);
     }
-    // Row icons are drawn at twice their size in points.
-    pixmap.setDevicePixelRatio(image.devicePixelRatio() == 1.0 ? 2.0 : image.devicePixelRatio());
+    pixmap.setDevicePixelRatio(iconRatio(image));
     QPixmapCache::insert(key, pixmap);
     return pixmap;
 }
@@ -125,7 +129,7 @@ void TableViewCell::layoutContent() {
     int textLeft = left;
     imageRect_ = QRect();
     if (!image_.isNull()) {
-        const QSize size = iconPixmap(image_, false).deviceIndependentSize().toSize();
+        const QSize size = (QSizeF(image_.size()) / iconRatio(image_)).toSize();
         imageRect_ = place(QRect(QPoint(left, (height() - size.height()) / 2), size));
         textLeft = left + size.width() + 15;
     }

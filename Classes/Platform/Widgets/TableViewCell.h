@@ -92,6 +92,7 @@ protected:
 
 private:
     friend class TableViewCellLabel;
+    static qreal iconRatio(const QImage& image);
     static QPixmap iconPixmap(const QImage& image, bool faded);
     void paintContent(QPainter& painter);
     void layoutContent();
