@@ -117,7 +117,8 @@ QWidget* PreferencesRows::viewForFooterInSection(TableView*, int section) {
     if (section != sectionCount - 1)
         return nullptr;
     auto* label = new QLabel(tr("Crafted with care by the Pomwick developers, 2026\nPomwick v%1")
-                                 .arg(QLatin1String(productVersion)));
+                                 .arg(QLatin1String(productVersion)),
+                             table_->contentView());
     setFrame(label, QRectF(0, 0, page_->view()->width(), 40));
     label->setAlignment(Qt::AlignCenter);
     label->setFont(Appearance::systemFont(13));

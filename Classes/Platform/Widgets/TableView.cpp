@@ -158,7 +158,8 @@ void TableView::reloadData() {
             built.cells.push_back(cell);
         }
         if (QWidget* footer = dataSource_->viewForFooterInSection(this, section)) {
-            footer->setParent(content_);
+            if (footer->parentWidget() != content_)
+                footer->setParent(content_);
             built.footer = footer;
         }
         sections_.push_back(std::move(built));

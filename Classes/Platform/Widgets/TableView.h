@@ -45,7 +45,8 @@ public:
 
     // The width every cell gets.
     qreal rowWidth() const;
-    // Where the rows live: a data source that makes its cells here saves moving them in.
+    // Where the rows live: a data source that makes its cells and footers here saves moving
+    // them in.
     QWidget* contentView() const { return content_; }
 
     void reloadData();
