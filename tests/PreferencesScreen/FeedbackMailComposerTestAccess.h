@@ -2,8 +2,6 @@
 
 #include "FeedbackMailComposer.h"
 
-#include <QLabel>
-
 namespace pomwick {
 
 // The composer's own controls, as the user reaches them, and a send that gives up sooner.
@@ -14,7 +12,7 @@ struct FeedbackMailComposerTestAccess {
     static QProgressBar* busyIndicator(Composer* c) { return c->busyIndicator_; }
     // Null while the Save Draft / Delete Draft choice is not open.
     static QMenu* draftMenu(Composer* c) { return c->draftMenu_; }
-    static QString statusText(Composer* c) { return c->statusLabel_->text(); }
+    static QLabel* statusLabel(Composer* c) { return c->statusLabel_; }
     static void setSendTimeout(Composer* c, std::chrono::milliseconds t) { c->sendTimeout_ = t; }
 };
 

@@ -247,8 +247,8 @@ TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
     EXPECT_EQ(modeOf(draftsFolder()), 0700u);
     const QStringList names = QDir(draftsFolder()).entryList(QDir::Files);
     ASSERT_EQ(names.size(), 2);
-    EXPECT_TRUE(names.contains(Access::statusText(composer).section('/', -1)))
-        << Access::statusText(composer).toStdString();
+    EXPECT_TRUE(names.contains(Access::statusLabel(composer)->text().section('/', -1)))
+        << Access::statusLabel(composer)->text().toStdString();
     for (const QString& name : names)
         EXPECT_EQ(modeOf(QDir(draftsFolder()).filePath(name)), 0600u);
     for (const QJsonObject& draft : drafts())

@@ -94,8 +94,7 @@ TEST_F(History, EveryKindOfChangeIsOneStepAndUndoPutsBackTheExactFile) {
 }
 
 TEST_F(History, WithoutTheRendererThePreviewSaysSoUntilRespringBringsItBack) {
-    EXPECT_EQ(Access::unavailableLabel(screen.get()), nullptr)
-        << "a starting renderer's grace time";
+    EXPECT_FALSE(Access::unavailableLabel(screen.get())) << "a starting renderer's grace time";
     ASSERT_TRUE(ZRProgressHUDTestAccess::fire(*Access::absence(screen.get())));
     QLabel* unavailable = Access::unavailableLabel(screen.get());
     ASSERT_TRUE(unavailable && unavailable->isVisible());
