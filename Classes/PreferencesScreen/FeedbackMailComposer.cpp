@@ -197,10 +197,6 @@ void FeedbackMailComposer::checkRecipients() {
     }
 }
 
-QString FeedbackMailComposer::statusText() const {
-    return statusLabel_->text();
-}
-
 QRect FeedbackMailComposer::sheetGeometry() const {
     // A page sheet: the whole width below a small gap on a narrow window, a centered card on a
     // wide one.

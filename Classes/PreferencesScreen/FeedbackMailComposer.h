@@ -53,7 +53,6 @@ public:
     void setToRecipients(const QStringList& recipients);
     void setModalPresentationStyle(int style) { presentationStyle_ = style; }
     int modalPresentationStyle() const { return presentationStyle_; }
-    void setSendTimeout(std::chrono::milliseconds timeout) { sendTimeout_ = timeout; }
 
     // Slides the sheet up over the host's window, which then owns it.
     void presentOver(QWidget* host, bool animated);
@@ -61,13 +60,6 @@ public:
     void dismissViewControllerAnimated(bool animated);
 
     MailDraft draft() const;
-    QString statusText() const;
-    QPushButton* sendButton() const { return sendButton_; }
-    QPushButton* cancelButton() const { return cancelButton_; }
-    // Shown in the bar while the mail transport has the message.
-    QProgressBar* busyIndicator() const { return busyIndicator_; }
-    // The Save Draft / Delete Draft choice Cancel opens, or null while it is not open.
-    QMenu* draftMenu() const { return draftMenu_; }
 
     qreal presentation() const { return presentation_; }
     void setPresentation(qreal shown);
@@ -83,6 +75,7 @@ protected:
     void reject() override;
 
 private:
+    friend struct FeedbackMailComposerTestAccess;
     void buildSheet();
     QRect sheetGeometry() const;
     void finishWith(MailComposeResult result, const QString& error = {});
@@ -99,9 +92,11 @@ private:
     QLineEdit* subjectField_ = nullptr;
     QPlainTextEdit* bodyField_ = nullptr;
     QLabel* statusLabel_ = nullptr;
+    // Shown in the bar while the mail transport has the message.
     QProgressBar* busyIndicator_ = nullptr;
     QPushButton* sendButton_ = nullptr;
     QPushButton* cancelButton_ = nullptr;
+    // The Save Draft / Delete Draft choice Cancel opens, or null while it is not open.
     QPointer<QMenu> draftMenu_;
     SendmailDelivery* delivery_ = nullptr;
     qreal presentation_ = 0;

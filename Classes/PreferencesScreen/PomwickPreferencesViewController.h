@@ -12,7 +12,6 @@
 #include <QImage>
 #include <QLabel>
 #include <QPointer>
-#include <QUndoStack>
 
 class QTimer;
 
@@ -98,15 +97,11 @@ public:
     void didFinishWithResult(FeedbackMailComposer* composer, MailComposeResult result,
                              const QString& error);
 
-    // Every stored change is a step that Ctrl+Z takes back, changes by other writers included.
-    QUndoStack* undoStack() const;
-    void undo();
-    void redo();
-    UndoNotice* undoNotice() const;
-    QLabel* previewUnavailableLabel() const;
-
 private:
     friend struct PreferencesScreenTestAccess;
+    // Every stored change is a step that Ctrl+Z takes back, changes by other writers included.
+    void undo();
+    void redo();
     void registerPreviewMessages();
     void setUpHistory();
     void endGesture(const QString& description);

@@ -42,14 +42,6 @@ void PomwickPreferencesViewController::setUpHistory() {
     }
 }
 
-UndoNotice* PomwickPreferencesViewController::undoNotice() const {
-    return undoNotice_;
-}
-
-QUndoStack* PomwickPreferencesViewController::undoStack() const {
-    return history_->stack();
-}
-
 void PomwickPreferencesViewController::endGesture(const QString& description) {
     history_->endGesture(description);
 }

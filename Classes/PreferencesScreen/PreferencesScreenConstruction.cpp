@@ -73,10 +73,6 @@ QLabel* PomwickPreferencesViewController::infoLabel() const {
     return header_ ? header_->infoLabel() : nullptr;
 }
 
-QLabel* PomwickPreferencesViewController::previewUnavailableLabel() const {
-    return header_ ? header_->unavailableLabel() : nullptr;
-}
-
 TextField* PomwickPreferencesViewController::badgeTextTextField() const {
     return rows_ ? rows_->badgeTextTextField() : nullptr;
 }

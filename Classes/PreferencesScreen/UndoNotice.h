@@ -16,7 +16,6 @@ public:
     explicit UndoNotice(QWidget* page);
 
     void showMessage(const QString& message);
-    QPushButton* undoButton() const { return undoButton_; }
 
 signals:
     void undoRequested();
@@ -25,6 +24,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    friend struct UndoNoticeTestAccess;
     void placeAtFoot();
 
     QLabel* message_;

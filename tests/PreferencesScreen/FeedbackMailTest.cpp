@@ -2,7 +2,7 @@
 // back with Python's email package), and the notice that reports the result.
 #include "../ZRProgressHUD/ZRProgressHUDTestAccess.h"
 #include "Animations.h"
-#include "FeedbackMailComposer.h"
+#include "FeedbackMailComposerTestAccess.h"
 #include "MailDrafts.h"
 #include "MailMessage.h"
 #include "PreviewFiles.h"
@@ -31,6 +31,7 @@ namespace pomwick::test {
 namespace {
 
 using namespace std::chrono_literals;
+using Access = FeedbackMailComposerTestAccess;
 
 // A sendmail placed first on PATH: it records its arguments and the message, then does as told.
 class MailFixture : public ScreenFixture {
@@ -138,12 +139,12 @@ TEST_F(MailFixture, SendsTheFeedbackToEveryAddressTypedIntactOrRefuses) {
     ASSERT_NE(composer, nullptr);
     QLineEdit* to = composer->findChildren<QLineEdit*>()[0];
     to->clear();
-    EXPECT_FALSE(composer->sendButton()->isEnabled());
+    EXPECT_FALSE(Access::sendButton(composer)->isEnabled());
     EXPECT_TRUE(to->accessibleDescription().isEmpty()); // empty is not wrong, only unsendable
     composer->send();
-    EXPECT_FALSE(composer->busyIndicator()->isVisibleTo(composer));
+    EXPECT_FALSE(Access::busyIndicator(composer)->isVisibleTo(composer));
     QTest::keyClicks(to, "a@x, b@y c");
-    EXPECT_FALSE(composer->sendButton()->isEnabled());
+    EXPECT_FALSE(Access::sendButton(composer)->isEnabled());
     EXPECT_FALSE(to->accessibleDescription().isEmpty());
     to->setText(QString::fromUtf8("a@x, b@y; c@z, Ünïcode <user@exämple.com>"));
     EXPECT_TRUE(to->accessibleDescription().isEmpty());
@@ -157,7 +158,7 @@ TEST_F(MailFixture, SendsTheFeedbackToEveryAddressTypedIntactOrRefuses) {
     body->moveCursor(QTextCursor::End);
     QTest::keyClick(body, Qt::Key_Return);
     body->insertPlainText(typed);
-    QTest::mouseClick(composer->sendButton(), Qt::LeftButton);
+    QTest::mouseClick(Access::sendButton(composer), Qt::LeftButton);
     expectNotice("Message Sent!", "HUD_completed.png");
 
     QFile arguments(dir_.filePath("args"));
@@ -187,10 +188,10 @@ TEST_P(MailFailures, ShowTheErrorNoticeAndKeepTheMessageAsADraft) {
     installSendmail(GetParam());
     FeedbackMailComposer* composer = openComposer();
     composer->findChild<QPlainTextEdit*>()->appendPlainText("Words worth keeping");
-    composer->setSendTimeout(300ms);
+    Access::setSendTimeout(composer, 300ms);
     composer->send();
-    EXPECT_TRUE(composer->busyIndicator()->isVisibleTo(composer));
-    EXPECT_FALSE(composer->sendButton()->isEnabled());
+    EXPECT_TRUE(Access::busyIndicator(composer)->isVisibleTo(composer));
+    EXPECT_FALSE(Access::sendButton(composer)->isEnabled());
     expectNotice("An Error Occurred!", "HUD_error.png");
     const QList<QJsonObject> kept = drafts();
     ASSERT_EQ(kept.size(), 1);
@@ -215,22 +216,22 @@ TEST_F(MailFixture, WithoutAMailTransportSaysOopsAndOpensNothing) {
 TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
     FeedbackMailComposer* composer = openComposer();
     auto* body = composer->findChild<QPlainTextEdit*>();
-    QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
-    ASSERT_NE(composer->draftMenu(), nullptr);
-    const QList<QAction*> choices = composer->draftMenu()->actions();
+    QTest::mouseClick(Access::cancelButton(composer), Qt::LeftButton);
+    ASSERT_NE(Access::draftMenu(composer), nullptr);
+    const QList<QAction*> choices = Access::draftMenu(composer)->actions();
     ASSERT_EQ(choices.size(), 2);
     EXPECT_EQ(choices[0]->text() + "|" + choices[1]->text(), "Save Draft|Delete Draft");
-    QTest::keyClick(composer->draftMenu(), Qt::Key_Escape);
-    QTRY_VERIFY_WITH_TIMEOUT(composer->draftMenu() == nullptr, 5000);
+    QTest::keyClick(Access::draftMenu(composer), Qt::Key_Escape);
+    QTRY_VERIFY_WITH_TIMEOUT(Access::draftMenu(composer) == nullptr, 5000);
     QCoreApplication::processEvents();
     EXPECT_EQ(notice(), nullptr);
     EXPECT_EQ(screen->view()->findChild<FeedbackMailComposer*>(), composer);
     EXPECT_EQ(body->toPlainText(), "Sent from Pomwick Tweak");
 
-    QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
-    ASSERT_NE(composer->draftMenu(), nullptr);
+    QTest::mouseClick(Access::cancelButton(composer), Qt::LeftButton);
+    ASSERT_NE(Access::draftMenu(composer), nullptr);
     const Animations::ScaleOverride realLengths(1); // its notice is caught while it fades
-    composer->draftMenu()->actions()[1]->trigger();
+    Access::draftMenu(composer)->actions()[1]->trigger();
     expectNotice("", nullptr);
     EXPECT_FALSE(QFile::exists(dir_.filePath("message.eml")));
 
@@ -238,16 +239,16 @@ TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
     for (int saved = 0; saved < 2; ++saved) {
         ZRProgressHUD::hideAllHUDsForView(screen->view(), false);
         composer = openComposer();
-        QTest::mouseClick(composer->cancelButton(), Qt::LeftButton);
-        composer->draftMenu()->actions()[0]->trigger();
+        QTest::mouseClick(Access::cancelButton(composer), Qt::LeftButton);
+        Access::draftMenu(composer)->actions()[0]->trigger();
         expectNotice("Message Saved!", "HUD_completed.png");
     }
     ::umask(umask);
     EXPECT_EQ(modeOf(draftsFolder()), 0700u);
     const QStringList names = QDir(draftsFolder()).entryList(QDir::Files);
     ASSERT_EQ(names.size(), 2);
-    EXPECT_TRUE(names.contains(composer->statusText().section('/', -1)))
-        << composer->statusText().toStdString();
+    EXPECT_TRUE(names.contains(Access::statusLabel(composer)->text().section('/', -1)))
+        << Access::statusLabel(composer)->text().toStdString();
     for (const QString& name : names)
         EXPECT_EQ(modeOf(QDir(draftsFolder()).filePath(name)), 0600u);
     for (const QJsonObject& draft : drafts())

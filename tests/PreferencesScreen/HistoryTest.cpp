@@ -1,13 +1,14 @@
 #include "../ZRProgressHUD/ZRProgressHUDTestAccess.h"
 #include "DevicePaths.h"
 #include "LJColorPickerView.h"
+#include "PreferencesScreenTestAccess.h"
 #include "RendererProcess.h"
 #include "ScreenFixture.h"
 #include "SegmentedControl.h"
 #include "Settings.h"
 #include "Slider.h"
 #include "Switch.h"
-#include "UndoNotice.h"
+#include "UndoNoticeTestAccess.h"
 #include "ViewGeometry.h"
 
 #include <QAbstractButton>
@@ -15,12 +16,9 @@
 
 namespace pomwick {
 
-// The grace time a starting renderer has before the preview says it is away, run out by hand.
-struct PreferencesScreenTestAccess {
-    static QTimer* absence(PomwickPreferencesViewController* s) { return s->rendererAbsence_; }
-};
-
 namespace {
+
+using Access = PreferencesScreenTestAccess;
 
 class History : public test::ScreenFixture {
 protected:
@@ -65,17 +63,18 @@ TEST_F(History, EveryKindOfChangeIsOneStepAndUndoPutsBackTheExactFile) {
                       Qt::LeftButton);
     QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
     // The whole drag and every letter typed are one step each.
-    EXPECT_EQ(screen->undoStack()->count(), 5);
+    EXPECT_EQ(Access::undoStack(screen.get())->count(), 5);
     const SettingsFileContent beforeRestore = readSettingsFileContent();
 
     screen->table()->selectRowAtIndexPath({2, 0});
     EXPECT_FALSE(readSettingsFileContent());
     EXPECT_EQ(text(1, 7), "Alpha: 100%") << "the defaults at once";
-    ASSERT_TRUE(screen->undoNotice()->isVisible());
+    UndoNotice* notice = Access::undoNotice(screen.get());
+    ASSERT_TRUE(notice && notice->isVisible());
     screen->view()->grab().save("defaults-restored.png");
-    QTest::mouseClick(screen->undoNotice()->undoButton(), Qt::LeftButton);
+    QTest::mouseClick(UndoNoticeTestAccess::undoButton(notice), Qt::LeftButton);
     EXPECT_EQ(readSettingsFileContent(), beforeRestore);
-    EXPECT_FALSE(screen->undoNotice()->isVisible());
+    EXPECT_FALSE(notice->isVisible());
     EXPECT_EQ(control<TextField>(1, 1)->text(), "Hi@");
 
     keys(QKeySequence::Undo, 5);
@@ -91,13 +90,13 @@ TEST_F(History, EveryKindOfChangeIsOneStepAndUndoPutsBackTheExactFile) {
     // A later change ends the notice's offer: its button would take back the wrong step.
     screen->table()->selectRowAtIndexPath({2, 0});
     QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
-    EXPECT_FALSE(screen->undoNotice()->isVisible());
+    EXPECT_FALSE(notice->isVisible());
 }
 
 TEST_F(History, WithoutTheRendererThePreviewSaysSoUntilRespringBringsItBack) {
-    EXPECT_EQ(screen->previewUnavailableLabel(), nullptr) << "a starting renderer's grace time";
-    ASSERT_TRUE(ZRProgressHUDTestAccess::fire(*PreferencesScreenTestAccess::absence(screen.get())));
-    QLabel* unavailable = screen->previewUnavailableLabel();
+    EXPECT_FALSE(Access::unavailableLabel(screen.get())) << "a starting renderer's grace time";
+    ASSERT_TRUE(ZRProgressHUDTestAccess::fire(*Access::absence(screen.get())));
+    QLabel* unavailable = Access::unavailableLabel(screen.get());
     ASSERT_TRUE(unavailable && unavailable->isVisible());
     // Left in the build tree for people to look at.
     screen->view()->grab().save("preview-unavailable.png");

@@ -1,3 +1,4 @@
+#include "PreferencesScreenTestAccess.h"
 #include "ScreenFixture.h"
 #include "Slider.h"
 #include "Switch.h"
@@ -10,6 +11,8 @@
 using namespace pomwick;
 
 namespace {
+
+using Access = PreferencesScreenTestAccess;
 
 // Counts, with dbus-monitor (not our code), the requests for a fresh preview on the bus.
 class SaveRequests : public test::ScreenFixture {
@@ -108,7 +111,7 @@ TEST_F(SaveRequests, AnotherProgramsChangeShowsForOneRequestAndIsOneStep) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return text(1, 7) == "Alpha: 50%"; }, 5000));
     RecordProperty("shownAfterMillisecondsToolStartIncluded", int(sinceWrite.elapsed()));
     EXPECT_EQ(requests(5), 5);
-    screen->undo();
+    Access::undo(screen.get());
     EXPECT_EQ(requests(6), 6);
-    EXPECT_EQ(screen->undoStack()->count(), 1) << "its own write is no other program's";
+    EXPECT_EQ(Access::undoStack(screen.get())->count(), 1) << "its own write is no other program's";
 }

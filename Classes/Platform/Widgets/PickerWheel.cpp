@@ -65,10 +65,6 @@ void PickerWheel::setPosition(int position) {
     verticalScrollBar()->setValue(position);
 }
 
-bool PickerWheel::isMoving() const {
-    return scroller()->state() != QScroller::Inactive;
-}
-
 int PickerWheel::rowAtPosition(int position) const {
     return std::clamp(int(std::lround(position / rowHeight_)), 0, std::max(rows() - 1, 0));
 }

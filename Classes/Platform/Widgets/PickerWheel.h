@@ -23,8 +23,6 @@ public:
     int selectedRow() const;
     // Turns to the row, kept inside the rows; `byUser` reports it once the wheel rests there.
     void moveToRow(int row, bool animated, bool byUser);
-    // Whether the wheel is still turning.
-    bool isMoving() const;
 
     QRect visualRect(const QModelIndex& index) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;

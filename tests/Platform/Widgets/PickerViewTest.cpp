@@ -85,21 +85,22 @@ TEST_F(Picker, KeysTheMouseWheelAndATapTurnAWheelAndReportEachRestOnce) {
 TEST_F(Picker, PressesWhileTurningAddUpToOneRestAndATurnFromCodeCancelsTheUsers) {
     Animations::ScaleOverride realLengths(1);
     PickerWheel* wheel = picker.wheel(0);
+    QScroller* scroller = QScroller::scroller(wheel->viewport());
     QTest::keyClick(wheel, Qt::Key_Down);
     QTest::keyClick(wheel, Qt::Key_Down);
-    ASSERT_TRUE(wheel->isMoving());
+    ASSERT_NE(scroller->state(), QScroller::Inactive);
     EXPECT_EQ(picks.count(), 0);
-    QScroller::scroller(wheel->viewport())->stop();
-    EXPECT_FALSE(wheel->isMoving());
+    scroller->stop();
+    EXPECT_EQ(scroller->state(), QScroller::Inactive);
     ASSERT_EQ(picks.count(), 1);
     EXPECT_EQ(std::pair(lastPick(), wheel->verticalScrollBar()->value()),
               std::pair(std::pair(2, 0), 60));
 
     QTest::keyClick(wheel, Qt::Key_Down);
     picker.selectRow(9, 0, false);
-    QScroller::scroller(wheel->viewport())->stop();
-    EXPECT_EQ(std::tuple(picks.count(), picker.selectedRowInComponent(0), wheel->isMoving()),
-              std::tuple(1, 9, false));
+    scroller->stop();
+    EXPECT_EQ(std::tuple(picks.count(), picker.selectedRowInComponent(0), scroller->state()),
+              std::tuple(1, 9, QScroller::Inactive));
 }
 
 } // namespace
