@@ -260,7 +260,7 @@ TableViewCell* PreferencesRows::textCell(bool available) {
     TableViewCell* cell = makeCell("Cell3", tr("Text:"), "Article.png");
     cell->setSelectionStyle(TableViewCell::SelectionStyle::None);
     auto* field = new TextField(cell);
-    field->setText(QString::fromStdString(rowSettings().badgeTextFieldText()));
+    field->setAcceptedText(QString::fromStdString(rowSettings().badgeTextFieldText()));
     field->setPlaceholderText(tr("Badge Text"));
     field->setDelegate(textDelegate_);
     field->setAccessibleName(tr("Badge text"));

@@ -73,6 +73,11 @@ void TextField::followText() {
         showPart(part);
 }
 
+void TextField::setAcceptedText(const QString& text) {
+    acceptedText_ = text;
+    showPart(displayedPart(text));
+}
+
 void TextField::showPart(const QString& text) {
     const QScopedValueRollback guard(showing_, true);
     setText(text);

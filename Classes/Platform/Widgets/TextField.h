@@ -53,6 +53,9 @@ public:
     void resignFirstResponder();
     // The whole text as it stood after the last edit allowed, or as code last set it.
     QString acceptedText() const { return acceptedText_; }
+    // Takes a whole text from code and lays out only the part shown; setText lays out all of it
+    // first, which for a hostile text (a letter under 100,000 combining marks) takes seconds.
+    void setAcceptedText(const QString& text);
 
     // The edit that turns the current text into `proposed`, as one range and its replacement.
     static std::pair<TextRange, QString> editBetween(const QString& current,
