@@ -10,8 +10,8 @@ namespace {
 // The list's one row: the bundle, or why it could not be loaded beneath it.
 class BundleRows : public TableViewDataSource {
 public:
-    BundleRows(SettingsListController* list, const LoadedBundle& bundle)
-        : TableViewDataSource(list), list_(list), bundle_(bundle) {}
+    BundleRows(SettingsListController* list, LoadedBundle bundle)
+        : TableViewDataSource(list), list_(list), bundle_(std::move(bundle)) {}
 
     int numberOfSectionsInTableView(TableView*) override { return 1; }
     int numberOfRowsInSection(TableView*, int) override { return 1; }
@@ -48,7 +48,7 @@ public:
 
 private:
     SettingsListController* list_;
-    const LoadedBundle& bundle_;
+    const LoadedBundle bundle_;
 };
 
 } // namespace

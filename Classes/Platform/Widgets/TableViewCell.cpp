@@ -24,11 +24,6 @@ void TableViewCellLabel::setText(const QString& text) {
     }
 }
 
-void TableViewCellLabel::setFont(const QFont& font) {
-    font_ = font;
-    cell_->update();
-}
-
 QColor TableViewCellLabel::textColor() const {
     QColor color = color_.value_or(cell_->palette().color(QPalette::WindowText));
     if (cell_->isDimmed())

@@ -25,7 +25,6 @@ public:
     QString text() const { return text_; }
     void setText(const QString& text);
     QFont font() const { return font_; }
-    void setFont(const QFont& font);
     // The colour the text is painted in: the one given, else the row's text colour; a dimmed
     // row's at reduced alpha.
     QColor textColor() const;
@@ -63,7 +62,6 @@ public:
     TableViewCellLabel* textLabel() { return &textLabel_; }
     const TableViewCellLabel* textLabel() const { return &textLabel_; }
     void setImage(const QImage& image);
-    QImage image() const { return image_; }
     // The icon as the row paints it, faded while dimmed; where it is painted (empty: no icon).
     QPixmap imagePixmap() const;
     QRect imageRect() const { return imageRect_; }
