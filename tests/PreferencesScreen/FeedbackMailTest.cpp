@@ -137,7 +137,7 @@ TEST_F(MailFixture, SendsTheFeedbackToEveryAddressTypedIntactOrRefuses) {
     qputenv("EMAIL", "Dev Tester <dev@example.org>");
     FeedbackMailComposer* composer = openComposer();
     ASSERT_NE(composer, nullptr);
-    QLineEdit* to = composer->findChildren<QLineEdit*>()[0];
+    QLineEdit* to = Access::toField(composer);
     to->clear();
     EXPECT_FALSE(Access::sendButton(composer)->isEnabled());
     EXPECT_TRUE(to->accessibleDescription().isEmpty()); // empty is not wrong, only unsendable
@@ -151,10 +151,10 @@ TEST_F(MailFixture, SendsTheFeedbackToEveryAddressTypedIntactOrRefuses) {
 
     const QString added = " 🎉 شكرا לכם";
     const QString typed = "مرحبا 👋🏽 — שלום\nZweite Zeile: äöü";
-    QLineEdit* subject = composer->findChildren<QLineEdit*>()[1];
+    QLineEdit* subject = Access::subjectField(composer);
     subject->end(false);
     subject->insert(added);
-    auto* body = composer->findChild<QPlainTextEdit*>();
+    auto* body = Access::bodyField(composer);
     body->moveCursor(QTextCursor::End);
     QTest::keyClick(body, Qt::Key_Return);
     body->insertPlainText(typed);
@@ -187,7 +187,7 @@ class MailFailures : public MailFixture, public testing::WithParamInterface<cons
 TEST_P(MailFailures, ShowTheErrorNoticeAndKeepTheMessageAsADraft) {
     installSendmail(GetParam());
     FeedbackMailComposer* composer = openComposer();
-    composer->findChild<QPlainTextEdit*>()->appendPlainText("Words worth keeping");
+    Access::bodyField(composer)->appendPlainText("Words worth keeping");
     Access::setSendTimeout(composer, 300ms);
     composer->send();
     EXPECT_TRUE(Access::busyIndicator(composer)->isVisibleTo(composer));
@@ -215,7 +215,7 @@ TEST_F(MailFixture, WithoutAMailTransportSaysOopsAndOpensNothing) {
 // Drafts are private whatever the umask, and a second one in the same second is a second file.
 TEST_F(MailFixture, CancelSavesOrDeletesTheDraftOrGoesBack) {
     FeedbackMailComposer* composer = openComposer();
-    auto* body = composer->findChild<QPlainTextEdit*>();
+    auto* body = Access::bodyField(composer);
     QTest::mouseClick(Access::cancelButton(composer), Qt::LeftButton);
     ASSERT_NE(Access::draftMenu(composer), nullptr);
     const QList<QAction*> choices = Access::draftMenu(composer)->actions();

@@ -19,9 +19,9 @@ void ScreenFixture::SetUp() {
 void ScreenFixture::TearDown() {
     screen.reset();
     // Alerts a test has checked are left open: the next test must not find them.
-    for (QWidget* box : QApplication::topLevelWidgets())
-        if (box->objectName() == "AlertView")
-            delete box;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (qobject_cast<QMessageBox*>(window) != nullptr)
+            delete window;
     // Rows retired by reloads are deleted once the event loop runs.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
