@@ -6,13 +6,16 @@
 #include "ViewGeometry.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QParallelAnimationGroup>
 #include <QPropertyAnimation>
 #include <QResizeEvent>
 #include <QShortcut>
+#include <QStyleHints>
 
 namespace pomwick {
 namespace {
@@ -197,13 +200,20 @@ ViewController* NavigationController::topViewController() const {
 
 void NavigationController::transition(QWidget* leaving, QWidget* entering, bool forward,
                                       bool animated, std::function<void()> done) {
-    const int milliseconds = Animations::duration(slideMilliseconds);
-    if (leaving == nullptr || !animated || milliseconds == 0) {
+    if (leaving == nullptr || !animated) {
         done();
         return;
     }
+    // A page that jumps in, with animations off, is as much under the double click as one that
+    // slides.
     sinceTransition_.restart();
+    pointerAtTransition_ = QCursor::pos();
     qApp->installEventFilter(this);
+    const int milliseconds = Animations::duration(slideMilliseconds);
+    if (milliseconds == 0) {
+        done();
+        return;
+    }
     // The page on top slides the full width; the one beneath moves a third as far.
     // Right to left, pages come in from the left.
     const int width = isRightToLeft() ? -content_->width() : content_->width();
@@ -265,7 +275,13 @@ bool NavigationController::eventFilter(QObject* watched, QEvent* event) {
     const bool running = isTransitioning();
     const bool doubleClickTail = sinceTransition_.elapsed() < QApplication::doubleClickInterval();
     if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
-        swallowingClick_ = running || doubleClickTail;
+        // Only a press where the pointer was can be the second click; a press elsewhere is new.
+        const QPoint moved =
+            static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - pointerAtTransition_;
+        swallowingClick_ =
+            running ||
+            (doubleClickTail &&
+             moved.manhattanLength() <= QGuiApplication::styleHints()->mouseDoubleClickDistance());
         return swallowingClick_;
     }
     if (isPointerInput(type)) {

@@ -60,8 +60,10 @@ private:
     std::vector<ViewController*> stack_;
     // Per page below the top: the control that had the focus when the next one was pushed.
     std::vector<QPointer<QWidget>> returnFocus_;
+    friend struct NavigationControllerTestAccess;
     QPointer<QParallelAnimationGroup> transition_;
     QElapsedTimer sinceTransition_;
+    QPoint pointerAtTransition_;
     bool swallowingClick_ = false;
     Qt::FocusReason backReason_ = Qt::OtherFocusReason;
     QWidget* bar_;

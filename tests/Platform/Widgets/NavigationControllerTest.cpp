@@ -3,6 +3,7 @@
 #include "Animations.h"
 #include "Appearance.h"
 #include "ModalScope.h"
+#include "NavigationControllerTestAccess.h"
 #include "TextField.h"
 
 #include <QAbstractAnimation>
@@ -141,8 +142,9 @@ TEST_F(Stack, APageLeftWithTheFocusOfAClickLeavesItOffTheBackButton) {
 
 TEST_F(Stack, NeitherPageTakesInputWhileTheySlideNorTheRestOfTheDoubleClick) {
     Animations::ScaleOverride realLengths(1);
+    QTest::mouseMove(root->first); // where the page's first button comes in
     ButtonsController* page = push(true);
-    auto* slide = navigation.findChild<QAbstractAnimation*>();
+    QAbstractAnimation* slide = NavigationControllerTestAccess::transition(navigation);
     ASSERT_NE(slide, nullptr);
     EXPECT_EQ(slide->state(), QAbstractAnimation::Running);
     QSignalSpy pressed(page->first, &QPushButton::clicked);
@@ -157,6 +159,16 @@ TEST_F(Stack, NeitherPageTakesInputWhileTheySlideNorTheRestOfTheDoubleClick) {
     EXPECT_EQ(pressed.count() + rootPressed.count(), 0);
     QTest::keyClick(page->first, Qt::Key_Space);
     EXPECT_EQ(pressed.count(), 1) << "the keyboard is back once the page is in";
+
+    Animations::ScaleOverride jumps(0);
+    ButtonsController* jumped = push(true);
+    QSignalSpy jumpedPressed(jumped->first, &QPushButton::clicked);
+    QTest::mouseDClick(jumped->first, Qt::LeftButton);
+    QTest::mouseRelease(jumped->first, Qt::LeftButton);
+    EXPECT_EQ(jumpedPressed.count(), 0) << "a page that jumps in took the rest of a double click";
+    QSignalSpy elsewhere(jumped->second, &QPushButton::clicked);
+    QTest::mouseClick(jumped->second, Qt::LeftButton);
+    EXPECT_EQ(elsewhere.count(), 1) << "a click away from the double click is a new one";
 }
 
 TEST_F(Stack, ASheetKeepsTabInsideAndThePageOutOfReachThenGivesTheFocusBack) {
