@@ -6,6 +6,7 @@
 #include "Appearance.h"
 #include "ColorText.h"
 #include "DQFontPicker.h"
+#include "DoubleClickTail.h"
 #include "ModalScope.h"
 #include "PickerWheel.h"
 #include "Settings.h"
@@ -13,11 +14,10 @@
 #include "ViewGeometry.h"
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QElapsedTimer>
 #include <QEvent>
 #include <QGraphicsOpacityEffect>
 #include <QHBoxLayout>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QParallelAnimationGroup>
 #include <QPropertyAnimation>
@@ -51,7 +51,7 @@ public:
     explicit TapCatcher(QWidget* parent) : QAbstractButton(parent) {
         setFocusPolicy(Qt::NoFocus);
         setAccessibleName(FontPickerSheet::tr("Close font sheet"));
-        shown_.start();
+        doubleClickTail_.restart();
     }
     void arm() { armed_ = true; }
 
@@ -60,7 +60,7 @@ protected:
     bool event(QEvent* event) override {
         const QEvent::Type type = event->type();
         if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick)
-            swallowing_ = !armed_ || shown_.elapsed() < QApplication::doubleClickInterval();
+            swallowing_ = !armed_ || doubleClickTail_.covers(*static_cast<QMouseEvent*>(event));
         const bool swallow = swallowing_ && (type == QEvent::MouseButtonPress ||
                                              type == QEvent::MouseButtonDblClick ||
                                              type == QEvent::MouseButtonRelease);
@@ -70,7 +70,7 @@ protected:
     }
 
 private:
-    QElapsedTimer shown_;
+    DoubleClickTail doubleClickTail_;
     bool armed_ = false;
     bool swallowing_ = false;
 };

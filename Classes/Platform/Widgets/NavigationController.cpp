@@ -6,7 +6,6 @@
 #include "ViewGeometry.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -15,7 +14,6 @@
 #include <QPropertyAnimation>
 #include <QResizeEvent>
 #include <QShortcut>
-#include <QStyleHints>
 
 namespace pomwick {
 namespace {
@@ -97,7 +95,6 @@ NavigationController::NavigationController(ViewController* root, QSize size, QWi
     auto* quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
     quit->setContext(Qt::ApplicationShortcut);
     connect(quit, &QShortcut::activated, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
-    sinceTransition_.start();
     // The narrowest phone's width: below it the bar's buttons meet the title and the rows'
     // controls their labels.
     setMinimumSize(320, 320);
@@ -206,8 +203,7 @@ void NavigationController::transition(QWidget* leaving, QWidget* entering, bool 
     }
     // A page that jumps in, with animations off, is as much under the double click as one that
     // slides.
-    sinceTransition_.restart();
-    pointerAtTransition_ = QCursor::pos();
+    doubleClickTail_.restart();
     qApp->installEventFilter(this);
     const int milliseconds = Animations::duration(slideMilliseconds);
     if (milliseconds == 0) {
@@ -273,15 +269,8 @@ bool NavigationController::eventFilter(QObject* watched, QEvent* event) {
         return false;
     const QEvent::Type type = event->type();
     const bool running = isTransitioning();
-    const bool doubleClickTail = sinceTransition_.elapsed() < QApplication::doubleClickInterval();
     if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
-        // Only a press where the pointer was can be the second click; a press elsewhere is new.
-        const QPoint moved =
-            static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - pointerAtTransition_;
-        swallowingClick_ =
-            running ||
-            (doubleClickTail &&
-             moved.manhattanLength() <= QGuiApplication::styleHints()->mouseDoubleClickDistance());
+        swallowingClick_ = running || doubleClickTail_.covers(*static_cast<QMouseEvent*>(event));
         return swallowingClick_;
     }
     if (isPointerInput(type)) {
@@ -290,7 +279,7 @@ bool NavigationController::eventFilter(QObject* watched, QEvent* event) {
             swallowingClick_ = false;
         return swallow;
     }
-    if (!running && !swallowingClick_ && !doubleClickTail)
+    if (!running && !swallowingClick_ && !doubleClickTail_.isRunning())
         qApp->removeEventFilter(this);
     return running && isKeyInput(type);
 }

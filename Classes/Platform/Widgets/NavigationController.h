@@ -1,9 +1,9 @@
 #pragma once
 
+#include "DoubleClickTail.h"
 #include "PomwickPlatformExport.h"
 #include "ViewController.h"
 
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -62,8 +62,7 @@ private:
     std::vector<QPointer<QWidget>> returnFocus_;
     friend struct NavigationControllerTestAccess;
     QPointer<QParallelAnimationGroup> transition_;
-    QElapsedTimer sinceTransition_;
-    QPoint pointerAtTransition_;
+    DoubleClickTail doubleClickTail_;
     bool swallowingClick_ = false;
     Qt::FocusReason backReason_ = Qt::OtherFocusReason;
     QWidget* bar_;
