@@ -59,8 +59,7 @@ TEST_F(History, EveryKindOfChangeIsOneStepAndUndoPutsBackTheExactFile) {
     setTag(&grid, 1);
     screen->didSelectColor(&grid, Color{0, 0, 1, 1});
     // Hiding the badge or switching the tweak off dims the rows above: they come last.
-    QTest::mouseClick(control<SegmentedControl>(1, 0)->findChild<QAbstractButton*>(),
-                      Qt::LeftButton);
+    QTest::mouseClick(control<SegmentedControl>(1, 0)->segment(0), Qt::LeftButton);
     QTest::mouseClick(control<Switch>(0, 0), Qt::LeftButton);
     // The whole drag and every letter typed are one step each.
     EXPECT_EQ(Access::undoStack(screen.get())->count(), 5);
