@@ -61,6 +61,11 @@ void ZRProgressHUD::change(Value& field, const Value& value, void (ZRProgressHUD
     });
 }
 
+void ZRProgressHUD::holdDelegate(QObject* delegate) {
+    disconnect(delegateConnection_);
+    delegate_ = delegate;
+}
+
 void ZRProgressHUD::setMode(ZRProgressHUDMode mode) {
     change(mode_, mode, &ZRProgressHUD::modeChanged, &ZRProgressHUD::indicatorChanged);
 }

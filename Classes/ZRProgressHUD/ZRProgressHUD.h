@@ -10,6 +10,8 @@
 #include <QTimer>
 #include <QVariant>
 #include <chrono>
+#include <concepts>
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -22,22 +24,6 @@ namespace pomwick {
 
 class NoticeOverlay;
 class ZRProgressHUD;
-
-// What a notice tells whoever listens when it has gone. A QObject delegate that does not declare
-// this interface (Q_INTERFACES) is not called.
-class ZRProgressHUDDelegate {
-public:
-    virtual void hudWasHidden(ZRProgressHUD* hud) = 0;
-
-protected:
-    ~ZRProgressHUDDelegate() = default;
-};
-
-} // namespace pomwick
-
-Q_DECLARE_INTERFACE(pomwick::ZRProgressHUDDelegate, "com.velquor.pomwick.ZRProgressHUDDelegate")
-
-namespace pomwick {
 
 // A floating notice: a rounded translucent panel centered over its host view, showing a spinner,
 // a progress view, a custom view or text only, with a main and a details label. It covers the
@@ -177,9 +163,17 @@ public:
     void setMinSize(QSizeF size) { minSize_ = size; }
     bool isSquare() const { return square_; }
     void setSquare(bool square) { square_ = square; }
-    // Held weakly; called when it declares ZRProgressHUDDelegate.
+    // The delegate is told of the notice's end through its hudWasHidden(hud), if it has one; any
+    // other object is simply not told. Held weakly: a delegate destroyed meanwhile is not told.
+    template <std::derived_from<QObject> Delegate> void setDelegate(Delegate* delegate) {
+        holdDelegate(delegate);
+        if constexpr (requires(ZRProgressHUD * hud) { delegate->hudWasHidden(hud); }) {
+            delegateConnection_ = connect(this, &ZRProgressHUD::wasHidden, delegate,
+                                          [this, delegate] { delegate->hudWasHidden(this); });
+        }
+    }
+    void setDelegate(std::nullptr_t) { holdDelegate(nullptr); }
     QObject* delegate() const { return delegate_; }
-    void setDelegate(QObject* delegate) { delegate_ = delegate; }
     bool taskInProgress() const { return taskInProgress_; }
     // The timers the notice started, kept when they have fired; nobody else may start them.
     const QTimer& graceTimer() const { return graceTimer_; }
@@ -198,6 +192,8 @@ public:
     qreal rotationAngle() const { return rotationAngle_; }
 
 signals:
+    // The notice has gone, hidden or never shown.
+    void wasHidden();
     void modeChanged();
     void customViewChanged();
     void labelTextChanged();
@@ -216,6 +212,7 @@ private:
     friend struct ZRProgressHUDTestAccess;
     using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
+    void holdDelegate(QObject* delegate);
     void setAlpha(qreal alpha);
     void setZoom(qreal zoom);
     void setRotationAngle(qreal radians);
@@ -275,6 +272,7 @@ private:
     bool square_ = false;
     QPointer<QWidget> customView_;
     QPointer<QObject> delegate_;
+    QMetaObject::Connection delegateConnection_;
     float progress_ = 0;
     bool taskInProgress_ = false;
     std::function<void()> completionBlock_;

@@ -149,8 +149,7 @@ void ZRProgressHUD::done() {
         completionBlock_ = nullptr;
         completion();
     }
-    if (auto* listener = qobject_cast<ZRProgressHUDDelegate*>(delegate_.data()))
-        listener->hudWasHidden(this);
+    emit wasHidden();
 }
 
 void ZRProgressHUD::showWhileExecuting(QObject* target, const char* method, const QVariant& object,

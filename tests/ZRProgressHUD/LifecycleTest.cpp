@@ -20,11 +20,10 @@ namespace {
 
 using Access = ZRProgressHUDTestAccess;
 
-class Listener : public QObject, public ZRProgressHUDDelegate {
+class Listener : public QObject {
     Q_OBJECT
-    Q_INTERFACES(pomwick::ZRProgressHUDDelegate)
 public:
-    void hudWasHidden(ZRProgressHUD* hud) override { events.push_back(hud ? "hidden" : "null"); }
+    void hudWasHidden(ZRProgressHUD* hud) { events.push_back(hud ? "hidden" : "null"); }
     // Work for showWhileExecuting, run on its thread.
     Q_INVOKABLE void run(const QVariant& value) { received = value.toInt(); }
     std::vector<std::string> events;
@@ -95,10 +94,10 @@ TEST_F(NoticeLifecycle, HidingANeverShownNoticeEndsAtOnceAndOnlyALiveDelegateHea
     hud->hide(false);
     EXPECT_EQ(listener.events, (std::vector<std::string>{"completion", "hidden", "hidden"}));
 
-    // Neither a deleted delegate nor an object without the interface hears anything.
+    // Neither a deleted delegate nor an object without hudWasHidden hears anything.
     hud->setDelegate(std::make_unique<Listener>().get()); // deleted at once
     hud->hide(false);
-    hud->setDelegate(&host); // a widget, without the interface
+    hud->setDelegate(&host); // a widget, without hudWasHidden
     hud->hide(false);
     EXPECT_EQ(listener.events.size(), 3u);
 }
