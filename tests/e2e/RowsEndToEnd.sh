@@ -34,7 +34,7 @@ before_programs() {
     monitor=$!
     wait_until '[ -s "$work/monitor.log" ]' "dbus-monitor did not start"
 }
-start_session PATH="$work/bin:$PATH" POMWICK_ANIMATION_SCALE=0
+start_session PATH="$work/bin:$PATH"
 settle
 
 # A 414 x 860 window: bar 44, header 3 x 60 + 30, section gaps 35, rows 44; the sheet is the last

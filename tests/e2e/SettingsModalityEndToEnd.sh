@@ -33,7 +33,7 @@ before_programs() {
     monitor=$!
     wait_until '[ -s "$work/monitor.log" ]' "dbus-monitor did not start"
 }
-start_session PATH="$work/bin:$PATH" POMWICK_ANIMATION_SCALE=0
+start_session PATH="$work/bin:$PATH"
 xdotool windowfocus --sync "$window"
 settle
 initial=$(snapshot)

@@ -3,6 +3,8 @@
 #   BUILD_DIR and SCREENSHOT must be set; the caller runs `start_session`.
 set -euo pipefail
 export LC_ALL=C.UTF-8
+# Transitions are jumps, so that no script waits for one.
+export POMWICK_ANIMATION_SCALE=0
 root=$(mktemp -d)
 work=$(mktemp -d)
 cleanup() {
