@@ -39,8 +39,7 @@ function(pomwick_fuzzer name)
                     -print_final_stats=1 -artifact_prefix=${artifacts}/ ${ARG_ARGS}
                     ${corpus} ${ARG_SEEDS})
         math(EXPR limit "${POMWICK_FUZZ_SECONDS} + 120")
-        set_tests_properties(${name} PROPERTIES LABELS fuzz TIMEOUT ${limit}
-            ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+        set_tests_properties(${name} PROPERTIES LABELS fuzz TIMEOUT ${limit})
     else()
         target_link_libraries(${name} PRIVATE PomwickFuzzReplay)
         add_test(NAME ${name}.seeds COMMAND ${name} ${ARG_SEEDS})
