@@ -45,6 +45,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    friend struct NavigationControllerTestAccess;
     // Slides `entering` in over (forward) or out from under `leaving`, then runs `done`.
     void transition(QWidget* leaving, QWidget* entering, bool forward, bool animated,
                     std::function<void()> done);
@@ -60,7 +61,6 @@ private:
     std::vector<ViewController*> stack_;
     // Per page below the top: the control that had the focus when the next one was pushed.
     std::vector<QPointer<QWidget>> returnFocus_;
-    friend struct NavigationControllerTestAccess;
     QPointer<QParallelAnimationGroup> transition_;
     DoubleClickTail doubleClickTail_;
     bool swallowingClick_ = false;
